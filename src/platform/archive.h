@@ -1,0 +1,75 @@
+// Reading the game's archives. An archive is hostile input: every offset, count and size is held
+// against the file's real length before it is used.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace platform {
+
+using Bytes = std::span<const std::uint8_t>;
+
+/// One archive in memory or mapped. The bytes must outlive it.
+class Archive {
+  public:
+    struct Entry {
+        std::int32_t parent;  ///< index of the folder it lies in, -1 for the root
+        std::uint32_t name;   ///< offset of the name
+        std::uint32_t record; ///< offset of the entry's record
+        std::uint8_t nameLength;
+        bool isFolder;
+    };
+
+    /// The longest path that is listed, in characters.
+    static constexpr std::size_t longestPath = 254;
+
+    /// Null if the bytes are no archive. Costs the directory alone. Of a damaged directory what can
+    /// be trusted is listed: no folder twice, no more entries than the file has room for, no name
+    /// that is empty, too long, leads away or has no end.
+    static std::unique_ptr<Archive> open(Bytes bytes);
+
+    const std::vector<Entry>& entries() const { return entries_; }
+
+    /// The names from the root down, joined by backslashes.
+    std::string pathOf(std::size_t entry) const;
+
+    /// Unpacks a file. Throws Failure where its data cannot be trusted; pieces may have been given
+    /// out by then. Memory stays below a few chunks.
+    void extract(std::size_t entry, const PieceSink& sink) const;
+
+  private:
+    explicit Archive(Bytes bytes, std::uint32_t headerKey);
+
+    struct Folder {
+        std::uint32_t record;
+        std::int32_t entry;
+        std::size_t pathLength;
+    };
+
+    bool has(std::uint64_t offset, std::uint64_t size) const {
+        return offset <= bytes_.size() && size <= bytes_.size() - offset;
+    }
+    std::uint8_t byteAt(std::uint64_t offset) const;
+    std::uint32_t wordAt(std::uint64_t offset) const;
+    /// A piece of the file with the position encryption undone.
+    void plain(std::uint64_t offset, std::span<std::uint8_t> to) const;
+    bool nameAt(std::uint32_t offset, std::string& name) const;
+    void listAll(std::uint32_t root);
+    void listFolder(const Folder& folder, std::vector<Folder>& open);
+    void extractStored(std::uint32_t offset, std::uint32_t size, const PieceSink& sink) const;
+    void extractChunks(std::uint32_t offset, std::uint32_t size, const PieceSink& sink) const;
+
+    Bytes bytes_;
+    bool encrypted_;
+    std::uint8_t key_;
+    std::vector<Entry> entries_;
+};
+
+} // namespace platform

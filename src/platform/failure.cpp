@@ -1,0 +1,10 @@
+// The text of a failure.
+#include "platform/failure.h"
+
+namespace platform {
+
+Failure::Failure(std::string_view call, std::string_view path, std::string_view reason)
+    : std::runtime_error(std::string(call) + " " + std::string(path) + ": " + std::string(reason)),
+      reason_(reason) {}
+
+} // namespace platform

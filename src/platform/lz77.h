@@ -1,0 +1,13 @@
+// The LZ77 compression of the game's archives.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace platform {
+
+/// Fills `to` from a chunk's data. False if the data ends early, gives another length than `to`
+/// has, or does not end where it should.
+bool unpackLz77(std::span<const std::uint8_t> from, std::span<std::uint8_t> to);
+
+} // namespace platform

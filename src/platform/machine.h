@@ -1,0 +1,21 @@
+// All of the machine that the program is handed when it starts.
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+#include "platform/programs.h"
+#include "platform/toolkit.h"
+
+namespace platform {
+
+struct Machine {
+    Disk& disk;
+    Toolkit& toolkit;
+    Programs& programs;
+    std::string programFolder; ///< where the program lies, in the system's form
+    std::string programName;   ///< its file's name there, or empty where there is none
+    std::string commandLine;   ///< all behind the program's name, as one string
+};
+
+} // namespace platform

@@ -1,0 +1,86 @@
+// Programs on a POSIX desktop: Windows programs run through wine, all else that is not a program is
+// opened by the desktop.
+#include "platform/programs.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <vector>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <unistd.h>
+
+#include "platform/failure.h"
+#include "platform/files.h"
+
+// NOLINTNEXTLINE(readability-redundant-declaration): not every C library declares it
+extern char** environ;
+
+namespace platform {
+namespace {
+
+class PosixPrograms final : public Programs {
+  public:
+    explicit PosixPrograms(Disk& disk) : disk_(disk) {
+        // A child that has ended must not stay behind as a zombie while the catalogue is open.
+        struct sigaction ignore {};
+        ignore.sa_handler = SIG_DFL;
+        ignore.sa_flags = SA_NOCLDWAIT;
+        ::sigaction(SIGCHLD, &ignore, nullptr);
+    }
+
+    void start(const Command& command) override {
+        const auto path = disk_.systemPath(command.target);
+        // The opener of the desktop refuses these too, but says so to nobody.
+        if (command.kind == Command::Kind::open && ::access(path.c_str(), F_OK) != 0)
+            throw Failure("open", path, std::strerror(errno));
+        std::vector<std::string> words;
+        if (command.kind == Command::Kind::open)
+            words = {"xdg-open", path};
+        else if (needsWine(path))
+            words = {"wine", path};
+        else
+            words = {path};
+        if (!command.arguments.empty())
+            words.push_back(command.arguments);
+        spawn(words, command.kind == Command::Kind::program ? folderOf(path) : std::string());
+    }
+
+  private:
+    static std::string folderOf(const std::string& path) {
+        return path.substr(0, path.find_last_of('/'));
+    }
+
+    static void spawn(std::vector<std::string>& words, const std::string& folder) {
+        std::vector<char*> arguments;
+        arguments.reserve(words.size() + 1);
+        for (auto& word : words)
+            arguments.push_back(word.data());
+        arguments.push_back(nullptr);
+        posix_spawn_file_actions_t actions{};
+        ::posix_spawn_file_actions_init(&actions);
+        if (!folder.empty())
+            ::posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
+        posix_spawnattr_t attributes{};
+        ::posix_spawnattr_init(&attributes);
+        ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
+        pid_t child = 0;
+        const int error =
+            ::posix_spawnp(&child, arguments[0], &actions, &attributes, arguments.data(), environ);
+        ::posix_spawnattr_destroy(&attributes);
+        ::posix_spawn_file_actions_destroy(&actions);
+        if (error != 0)
+            throw Failure("start", words[0], std::strerror(error));
+    }
+
+    Disk& disk_;
+};
+
+} // namespace
+
+std::unique_ptr<Programs> makePrograms(Disk& disk) {
+    return std::make_unique<PosixPrograms>(disk);
+}
+
+} // namespace platform

@@ -1,0 +1,155 @@
+// Case folding by utf8proc, with a short way for plain ASCII, which nearly all names are.
+#include "platform/text.h"
+
+#include <algorithm>
+#include <array>
+
+#include <utf8proc.h>
+
+namespace platform {
+namespace {
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+char foldAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+utf8proc_int32_t foldCodePoint(utf8proc_int32_t code) {
+    std::array<utf8proc_int32_t, 8> folded{};
+    int boundClass = 0;
+    const auto count =
+        utf8proc_decompose_char(code, folded.data(), folded.size(), UTF8PROC_CASEFOLD, &boundClass);
+    if (count == 1)
+        return folded[0];
+    // Simple folding has no place for a fold to several characters, but most of these letters have
+    // a lower case of their own. The capital I with a dot has none.
+    constexpr utf8proc_int32_t capitalDottedI = 0x130;
+    return code == capitalDottedI ? code : utf8proc_tolower(code);
+}
+
+void appendCodePoint(std::string& text, utf8proc_int32_t code) {
+    std::array<utf8proc_uint8_t, 4> bytes{};
+    const auto length = utf8proc_encode_char(code, bytes.data());
+    for (utf8proc_ssize_t i = 0; i < length; ++i)
+        text += static_cast<char>(bytes[static_cast<std::size_t>(i)]);
+}
+
+/// Length of the UTF-8 character at the head of `text` and its code, or 0 for no such character.
+std::size_t firstCodePoint(std::string_view text, utf8proc_int32_t& code) {
+    const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                         static_cast<utf8proc_ssize_t>(text.size()), &code);
+    return length > 0 ? static_cast<std::size_t>(length) : 0;
+}
+
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        utf8proc_int32_t code = 0;
+        const auto length = firstCodePoint(text, code);
+        if (length == 0)
+            return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+/// Windows-1252 from 0x80 to 0x9F; the five holes stand for themselves.
+constexpr std::array<utf8proc_int32_t, 32> upperControls = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+} // namespace
+
+std::string foldCase(std::string_view text) {
+    std::string folded;
+    folded.reserve(text.size());
+    if (isAscii(text)) {
+        for (const char c : text)
+            folded += foldAscii(c);
+        return folded;
+    }
+    while (!text.empty()) {
+        utf8proc_int32_t code = 0;
+        const auto length = firstCodePoint(text, code);
+        if (length == 0) {
+            folded += text.front();
+            text.remove_prefix(1);
+        } else {
+            appendCodePoint(folded, foldCodePoint(code));
+            text.remove_prefix(length);
+        }
+    }
+    return folded;
+}
+
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+    if (a == b)
+        return true;
+    if (isAscii(a) && isAscii(b))
+        return a.size() == b.size() &&
+               std::equal(a.begin(), a.end(), b.begin(),
+                          [](char x, char y) { return foldAscii(x) == foldAscii(y); });
+    return foldCase(a) == foldCase(b);
+}
+
+bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {
+    return text.size() >= ending.size() &&
+           equalIgnoringCase(text.substr(text.size() - ending.size()), ending);
+}
+
+bool lessIgnoringCase(std::string_view a, std::string_view b) {
+    if (isAscii(a) && isAscii(b)) {
+        const auto before = [](char x, char y) { return foldAscii(x) < foldAscii(y); };
+        if (std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), before))
+            return true;
+        if (std::lexicographical_compare(b.begin(), b.end(), a.begin(), a.end(), before))
+            return false;
+        return a < b;
+    }
+    const auto foldedA = foldCase(a);
+    const auto foldedB = foldCase(b);
+    return foldedA != foldedB ? foldedA < foldedB : a < b;
+}
+
+std::string toUtf8(std::string_view bytes) {
+    if (isAscii(bytes) || isUtf8(bytes))
+        return std::string(bytes);
+    std::string text;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool inTable = byte >= 0x80 && byte < 0xA0;
+        appendCodePoint(text, inTable ? upperControls[byte - 0x80U] : byte);
+    }
+    return text;
+}
+
+std::string replaceAll(std::string_view text, std::string_view what, std::string_view by) {
+    std::string result;
+    for (std::size_t at = 0;;) {
+        const auto next = text.find(what, at);
+        result += text.substr(at, next - at);
+        if (next == std::string_view::npos)
+            return result;
+        result += by;
+        at = next + what.size();
+    }
+}
+
+std::vector<std::string> splitLines(std::string_view bytes) {
+    std::vector<std::string> lines;
+    while (!bytes.empty()) {
+        const auto end = bytes.find_first_of("\r\n");
+        lines.emplace_back(bytes.substr(0, end));
+        if (end == std::string_view::npos)
+            break;
+        const bool pair = bytes.substr(end, 2) == lineBreak;
+        bytes.remove_prefix(end + (pair ? 2 : 1));
+    }
+    return lines;
+}
+
+} // namespace platform

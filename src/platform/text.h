@@ -1,0 +1,30 @@
+// Byte strings as text: case, line ends and what a person gets to see of them.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// The line break of every text that the program builds or writes.
+inline constexpr std::string_view lineBreak = "\r\n";
+
+/// Case taken away by Unicode simple folding. Bytes that are not UTF-8 stay as they are.
+std::string foldCase(std::string_view text);
+
+bool equalIgnoringCase(std::string_view a, std::string_view b);
+bool endsWithIgnoringCase(std::string_view text, std::string_view ending);
+
+/// The order of every listing: ascending, case ignored; names that differ in case alone by bytes.
+bool lessIgnoringCase(std::string_view a, std::string_view b);
+
+/// What a person sees: the bytes themselves where they are UTF-8, else read as Windows-1252.
+std::string toUtf8(std::string_view bytes);
+
+std::string replaceAll(std::string_view text, std::string_view what, std::string_view by);
+
+/// The lines of a text file. CR LF, LF or CR ends a line; a last line without an end counts.
+std::vector<std::string> splitLines(std::string_view bytes);
+
+} // namespace platform
