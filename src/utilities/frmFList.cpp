@@ -1,0 +1,82 @@
+// The listing is made while the window loads; the file holds what the box holds.
+#include "utilities/frmFList.h"
+
+#include "engine/frmMain.h"
+#include "platform/text.h"
+
+namespace utilities {
+
+frmFList::frmFList(engine::frmMain& main)
+    : Window("frmFList", "TA File Lister"), main_(main), toolkit_(main.machine().toolkit) {
+    cmdDone.onClick = [this] { Form_Unload(); };
+    cmdClipboard.onClick = [this] { cmdClipboard_Click(); };
+    onClose = [this] { Form_Unload(); };
+    defaultButton = &cmdDone;
+}
+
+frmFList::~frmFList() {
+    toolkit_.unload(*this);
+}
+
+void frmFList::Form_Load() {
+    toolkit_.load(*this);
+    const auto file = main_.TADir + "\\FileList.txt";
+    // The file stands in its own list.
+    main_.machine().disk.writeFile(file, "");
+    txtFList.setText("");
+    toolkit_.doEvents();
+    doFileList(main_.TADir, 0);
+    main_.machine().disk.writeFile(file, txtFList.text());
+}
+
+void frmFList::Form_Unload() {
+    toolkit_.hide(*this);
+}
+
+void frmFList::cmdClipboard_Click() {
+    toolkit_.setClipboard(txtFList.text());
+}
+
+std::string frmFList::xTimes(std::string_view theText, int numTimes) {
+    std::string text;
+    for (int i = 0; i < numTimes; ++i)
+        text += theText;
+    return text;
+}
+
+void frmFList::doFileList(const std::string& theDir, int theLevel) {
+    outputLine(xTimes("| ", theLevel) + "+ " + theDir + "\\");
+    engine::StringArray names;
+    main_.fileArray(names, theDir);
+    const auto margin = xTimes("| ", theLevel + 1) + "> " + theDir + "\\";
+    for (const auto& file : names.entries())
+        outputLine(margin + file);
+    engine::StringArray folders;
+    main_.folderArray(folders, theDir);
+    for (const auto& folder : folders.entries())
+        doFileList(theDir + "\\" + folder, theLevel + 1);
+}
+
+void frmFList::outputLine(const std::string& text) {
+    txtFList.append(platform::replaceAll(text, main_.TADir, ""));
+    txtFList.append(platform::lineBreak);
+}
+
+} // namespace utilities
+
+namespace engine {
+
+void frmMain::mnuUfilelister_Click() {
+    showWorking();
+    utilities::frmFList lister(*this);
+    try {
+        lister.Form_Load();
+    } catch (...) {
+        hideWorking();
+        throw;
+    }
+    hideWorking();
+    toolkit().showModal(lister);
+}
+
+} // namespace engine

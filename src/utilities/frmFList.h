@@ -1,0 +1,48 @@
+// The file lister: the whole game directory as a tree of lines, on the screen and in a file.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/controls.h"
+#include "platform/machine.h"
+
+namespace engine {
+class frmMain;
+}
+
+namespace utilities {
+
+class frmFList : public platform::Window {
+  public:
+    explicit frmFList(engine::frmMain& main);
+    ~frmFList() override;
+    frmFList(const frmFList&) = delete;
+    frmFList& operator=(const frmFList&) = delete;
+
+    platform::Label lblInfo{
+        *this, "lblInfo",
+        "This shows a list of all the files in your TA directory.  A copy of this output is saved "
+        "to \"TAFiles.txt\" in your TA directory -- Please include that file with any bug report "
+        "you submit."};
+    platform::TextBox txtFList{*this, "txtFList", platform::TextBox::Kind::readOnlyLines};
+    platform::Button cmdClipboard{*this, "cmdClipboard", "Copy To Clipboard"};
+    platform::Button cmdDone{*this, "cmdDone", "Done"};
+
+    /// Lists the game directory. Throws Failure if the file cannot be written.
+    void Form_Load();
+    void Form_Unload();
+    void cmdClipboard_Click();
+
+    /// `theText` repeated; empty for 0.
+    static std::string xTimes(std::string_view theText, int numTimes);
+
+  private:
+    void doFileList(const std::string& theDir, int theLevel);
+    void outputLine(const std::string& text);
+
+    engine::frmMain& main_;
+    platform::Toolkit& toolkit_;
+};
+
+} // namespace utilities
