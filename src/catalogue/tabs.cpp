@@ -1,0 +1,130 @@
+// Tabs and clicks in the list: how the one TC and the one AI stay single, the others multiple, and
+// how the summary boxes follow.
+#include <algorithm>
+
+#include "engine/frmMain.h"
+#include "platform/text.h"
+
+namespace engine {
+
+const ReleaseTypeNames& frmMain::currentType() const {
+    return *std::find_if(releaseTypes.begin(), releaseTypes.end(), [this](const auto& names) {
+        return names.tabCaption == tspMain.caption();
+    });
+}
+
+std::string frmMain::getShortSelType() const {
+    return std::string(currentType().shortName);
+}
+
+std::string frmMain::getLongSelType() const {
+    const auto& caption = tspMain.caption();
+    return caption.substr(0, caption.size() - 1);
+}
+
+void frmMain::tspMain_Click() {
+    const auto shortType = getShortSelType();
+    lblList.setText("Available " + tspMain.caption() + ":");
+    lblRename.setText("(Rename This " +
+                      platform::replaceAll(getLongSelType(), "Mod", "Modification") + ")");
+    cmdExplore.setText("View This " + shortType + "'s Files");
+    cmdHelp.setText("Help with " + shortType + "s");
+    cmdRemove.setText("Remove This " + shortType);
+    cmdAdd.setText("Add A New " + shortType);
+    switch (currentType().type) {
+    case ReleaseType::ai:
+        return doAIlist();
+    case ReleaseType::race:
+        return doRacelist();
+    case ReleaseType::mod:
+        return doModlist();
+    case ReleaseType::map:
+        return doMaplist();
+    case ReleaseType::unit:
+        return doUnitlist();
+    default:
+        return doTClist();
+    }
+}
+
+void frmMain::revertSels(bool refreshList) {
+    selTC = defaultTC;
+    selAI = defaultAI;
+    for (auto* names : {&selRaces, &selMods, &selMaps, &selUnits})
+        names->clear();
+    txtSelTC.setText(selTC);
+    txtSelAI.setText(selAI);
+    showCountsAtStart();
+    if (refreshList)
+        tspMain_Click();
+}
+
+void frmMain::lstList_Click() {
+    if (fillingList)
+        return;
+    // A total conversion is a new ground: nothing chosen for another one stays.
+    if (currentType().type == ReleaseType::tc)
+        revertSels(false);
+    cmdExplore.setEnabled(true);
+    cmdRemove.setEnabled(true);
+    pickListItem(lstList.index());
+    const auto& text = lstList.itemText(lstList.index());
+    cmdRemove.setEnabled(text != defaultAI && text != defaultTC);
+}
+
+void frmMain::pickListItem(int itemIndex) {
+    if (fillingList)
+        return;
+    curListIndex = itemIndex;
+    const auto type = currentType().type;
+    const bool single = type == ReleaseType::tc || type == ReleaseType::ai;
+    if (single && curListIndex == -1)
+        curListIndex = listFind(lstList, displayForm(type == ReleaseType::tc ? selTC : selAI));
+    // The choice names a release that is gone: nothing is there to mark or to show.
+    if (curListIndex == -1)
+        return;
+    if (single && lstList.markedCount() > 1)
+        markOnly(curListIndex);
+    if (single && lstList.markedCount() < 1)
+        markOnly(curListIndex);
+    const auto name = lstList.itemText(curListIndex);
+    lblAbout.setText("About " + name + ":");
+    if (type == ReleaseType::tc)
+        chooseTC(name);
+    else if (type == ReleaseType::ai)
+        chooseAI(name);
+    else
+        toggleMany(name);
+}
+
+void frmMain::markOnly(int index) {
+    fillingList = true;
+    for (int i = 0; i < lstList.count(); ++i)
+        lstList.setMarked(i, i == index);
+    fillingList = false;
+}
+
+void frmMain::chooseTC(const std::string& name) {
+    txtSelTC.setText(name);
+    selTC = folderForm(name);
+    showInfo("TC-" + selTC);
+    cmdGo.setText("Apply Settings\r\nand Launch\r\n" + selTC);
+}
+
+void frmMain::chooseAI(const std::string& name) {
+    txtSelAI.setText(name);
+    selAI = folderForm(name);
+    showInfo("AI-" + selAI);
+}
+
+void frmMain::toggleMany(const std::string& name) {
+    const auto type = currentType().type;
+    if (lstList.marked(curListIndex))
+        arrayAdd(selectionOf(type), name);
+    else
+        arrayRemove(selectionOf(type), name);
+    showSummary(type);
+    showInfo(folderForm(getShortSelType() + "-" + name));
+}
+
+} // namespace engine

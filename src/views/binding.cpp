@@ -1,0 +1,49 @@
+// Changes are noted at once and shown later.
+#include "views/binding.h"
+
+#include <utility>
+
+#include "platform/text.h"
+
+namespace views {
+
+void Refresher::forget(const Binding* binding) {
+    std::erase(dirty_, binding);
+}
+
+void Refresher::flush() {
+    for (auto* binding : std::exchange(dirty_, {}))
+        binding->refresh();
+}
+
+Binding::Binding(Refresher& refresher, platform::Element& element, std::function<void()> refresh)
+    : refresher_(refresher), element_(element), refresh_(std::move(refresh)) {
+    element_.view = this;
+    changed();
+}
+
+Binding::~Binding() {
+    element_.view = nullptr;
+    refresher_.forget(this);
+}
+
+void Binding::changed() {
+    if (std::exchange(dirty_, true))
+        return;
+    refresher_.add(this);
+}
+
+void Binding::refresh() {
+    dirty_ = false;
+    refresh_();
+}
+
+QString shown(std::string_view bytes) {
+    return QString::fromStdString(platform::toUtf8(bytes)).replace("\r\n", "\n");
+}
+
+std::string entered(const QString& text) {
+    return QString(text).replace("\n", "\r\n").toStdString();
+}
+
+} // namespace views

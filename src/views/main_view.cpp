@@ -1,0 +1,172 @@
+// Tabs along the top, the list on the left, what is known of a release on the right, and the
+// current setup with the launch button along the bottom.
+#include "views/main_view.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace views {
+namespace {
+
+constexpr int gap = 8;
+constexpr int margin = 12;
+
+template <typename Box>
+Box* tight(QWidget* parent = nullptr) {
+    auto* box = parent != nullptr ? new Box(parent) : new Box();
+    box->setContentsMargins(0, 0, 0, 0);
+    box->setSpacing(gap);
+    return box;
+}
+
+} // namespace
+
+MainView::MainView(engine::frmMain& main, QtToolkit& toolkit)
+    : WindowView(main, toolkit), main_(main) {
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(0);
+    whole->setMenuBar(menuBar());
+
+    auto* content = new QVBoxLayout();
+    content->setContentsMargins(margin, 4, margin, margin);
+    content->setSpacing(margin);
+    whole->addLayout(content);
+    content->addWidget(tabBar(main_.tspMain));
+    auto* sides = new QSplitter(Qt::Horizontal, this);
+    sides->setHandleWidth(margin);
+    sides->setChildrenCollapsible(false);
+    sides->addWidget(listSide());
+    sides->addWidget(infoSide());
+    sides->setStretchFactor(0, 2);
+    sides->setStretchFactor(1, 3);
+    content->addWidget(sides, 1);
+    content->addWidget(setupFrame());
+    timer(main_.tmrSleep);
+    setTabOrderOf({&main_.tspMain,    &main_.lstList,     &main_.lblRename,   &main_.lblEditAbout,
+                   &main_.txtAbout,   &main_.cmdReadme,   &main_.cmdExplore,  &main_.lblEditCCodes,
+                   &main_.txtCCodes,  &main_.cmdAdd,      &main_.cmdHelp,     &main_.cmdRemove,
+                   &main_.txtSelTC,   &main_.txtSelAI,    &main_.txtSelRaces, &main_.txtSelMods,
+                   &main_.txtSelMaps, &main_.txtSelUnits, &main_.cmdRevert,   &main_.cmdClean,
+                   &main_.cmdGo});
+    resize(920, 680);
+}
+
+void MainView::setTabOrderOf(std::initializer_list<platform::Control*> controls) {
+    QWidget* before = nullptr;
+    for (const auto* control : controls) {
+        auto* widget = findChild<QWidget*>(QString::fromStdString(control->name()));
+        if (before != nullptr)
+            setTabOrder(before, widget);
+        before = widget;
+    }
+}
+
+QMenuBar* MainView::menuBar() {
+    auto* bar = new QMenuBar(this);
+    std::map<const platform::Menu*, QMenu*> menus;
+    for (auto* control : main_.controls()) {
+        if (const auto* menu = dynamic_cast<platform::Menu*>(control)) {
+            menus[menu] = bar->addMenu(shown(menu->text()));
+            menus[menu]->setObjectName(QString::fromStdString(menu->name()));
+            continue;
+        }
+        auto* item = dynamic_cast<platform::MenuItem*>(control);
+        if (item == nullptr)
+            continue;
+        auto* action = menus.at(&item->menu())->addAction(shown(item->text()).trimmed());
+        action->setObjectName(QString::fromStdString(item->name()));
+        action->setShortcut(QKeySequence(shown(item->shortcut())));
+        action->setCheckable(item->checkable());
+        addBinding(*item, [item, action] {
+            action->setEnabled(item->enabled());
+            action->setChecked(item->checked());
+        });
+        connect(action, &QAction::triggered, this, [this, item, action] {
+            // The logic turns the check over, not the click.
+            action->setChecked(item->checked());
+            if (item->onClick)
+                post(*item, item->onClick);
+        });
+    }
+    return bar;
+}
+
+QWidget* MainView::listSide() {
+    auto* side = new QWidget(this);
+    auto* column = tight<QVBoxLayout>(side);
+    auto* list = markList(main_.lstList);
+    list->setMinimumWidth(220);
+    list->setAccessibleName("Releases");
+    column->addWidget(label(main_.lblList, true));
+    column->addWidget(list, 1);
+    column->addWidget(link(main_.lblRename), 0, Qt::AlignLeft);
+    return side;
+}
+
+QWidget* MainView::infoSide() {
+    auto* side = new QWidget(this);
+    auto* column = tight<QVBoxLayout>(side);
+    const auto headed = [&](platform::Label& heading, platform::Label& edit) {
+        auto* row = tight<QHBoxLayout>();
+        row->addWidget(label(heading, true), 1);
+        row->addWidget(link(edit));
+        column->addLayout(row);
+    };
+    const auto buttons = [&](std::initializer_list<platform::Button*> controls) {
+        auto* row = tight<QHBoxLayout>();
+        for (auto* control : controls)
+            row->addWidget(button(*control), 1);
+        column->addLayout(row);
+    };
+    headed(main_.lblAbout, main_.lblEditAbout);
+    auto* about = textEdit(main_.txtAbout);
+    about->setAccessibleName("Information");
+    column->addWidget(about, 1);
+    buttons({&main_.cmdReadme, &main_.cmdExplore});
+    headed(main_.lblCCodes, main_.lblEditCCodes);
+    auto* codes = lineEdit(main_.txtCCodes);
+    codes->setAccessibleName("Compatibility Codes");
+    column->addWidget(codes);
+    buttons({&main_.cmdAdd, &main_.cmdHelp, &main_.cmdRemove});
+    return side;
+}
+
+QWidget* MainView::setupFrame() {
+    auto* frame = new QGroupBox(this);
+    bind(main_.fraCurrSetup, frame,
+         [this, frame] { frame->setTitle(shown(main_.fraCurrSetup.text())); });
+    auto* grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(gap);
+    grid->setVerticalSpacing(gap);
+    const auto row = [&](int line, int column, platform::Label& name, platform::TextBox& box) {
+        auto* edit = lineEdit(box);
+        edit->setAccessibleName(shown(name.text()));
+        grid->addWidget(label(name), line, column);
+        grid->addWidget(edit, line, column + 1);
+    };
+    row(0, 0, main_.lblSelTC, main_.txtSelTC);
+    row(1, 0, main_.lblSelAI, main_.txtSelAI);
+    grid->addWidget(button(main_.cmdRevert), 2, 0, 1, 2);
+    grid->addWidget(button(main_.cmdClean), 3, 0, 1, 2);
+    row(0, 2, main_.lblSelRace, main_.txtSelRaces);
+    row(1, 2, main_.lblSelMods, main_.txtSelMods);
+    row(2, 2, main_.lblSelMaps, main_.txtSelMaps);
+    row(3, 2, main_.lblSelUnits, main_.txtSelUnits);
+    auto* go = button(main_.cmdGo);
+    go->setDefault(true);
+    go->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    go->setMinimumWidth(190);
+    grid->addWidget(go, 0, 4, 4, 1);
+    grid->setColumnStretch(1, 2);
+    grid->setColumnStretch(3, 2);
+    grid->setColumnStretch(4, 1);
+    return frame;
+}
+
+} // namespace views

@@ -1,0 +1,28 @@
+// The list of the catalogue as Qt's item views want it: nothing is copied, rows are read on demand.
+#pragma once
+
+#include <QAbstractListModel>
+
+#include "platform/controls.h"
+
+namespace views {
+
+class MarkListModel final : public QAbstractListModel {
+    Q_OBJECT
+
+  public:
+    explicit MarkListModel(const platform::MarkList& list, QObject* parent = nullptr);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+    /// Follows the list after a change of it. Tells whether the items are others now.
+    bool follow();
+
+  private:
+    const platform::MarkList& list_;
+    int rows_ = 0;
+    unsigned revision_ = 0;
+};
+
+} // namespace views

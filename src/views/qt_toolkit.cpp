@@ -1,0 +1,201 @@
+// The toolkit's calls on Qt.
+#include "views/qt_toolkit.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QWindow>
+
+#include "platform/failure.h"
+#include "views/window_view.h"
+
+namespace views {
+namespace {
+
+/// How often long work lets the windows live: more often than that a person cannot tell.
+constexpr auto betweenEvents = std::chrono::milliseconds(20);
+
+/// Patterns in turn with their captions, as the file dialog of Qt wants them.
+QString nameFilters(const std::string& filter) {
+    const auto parts = shown(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const auto caption = parts[i].section(" (", 0, 0);
+        filters << caption + " (" + QString(parts[i + 1]).replace("*.*", "*") + ")";
+    }
+    return filters.join(";;");
+}
+
+} // namespace
+
+QtToolkit::QtToolkit() = default;
+QtToolkit::~QtToolkit() = default;
+
+WindowView* QtToolkit::viewOf(platform::Window& window) {
+    load(window);
+    return views_.at(&window).get();
+}
+
+void QtToolkit::load(platform::Window& window) {
+    if (views_.contains(&window))
+        return;
+    auto view = makeView(window, *this);
+    if (mainView_ == nullptr)
+        mainView_ = view.get();
+    views_.emplace(&window, std::move(view));
+}
+
+void QtToolkit::unload(platform::Window& window) {
+    std::erase_if(actions_, [&](const Action& action) { return action.window == &window; });
+    const auto view = views_.find(&window);
+    if (view == views_.end())
+        return;
+    if (view->second.get() == mainView_) {
+        mainView_ = nullptr;
+        // Qt deletes the children of a widget with it, but these have an owner.
+        for (const auto& other : views_)
+            if (other.second != view->second)
+                other.second->setParent(nullptr);
+    }
+    views_.erase(view);
+}
+
+void QtToolkit::show(platform::Window& window) {
+    auto* view = viewOf(window);
+    window.setVisible(true);
+    refresher_.flush();
+    view->setWindowModality(Qt::NonModal);
+    putOverOwner(*view);
+    view->show();
+    view->activateWindow();
+    processEvents(false);
+}
+
+/// Every window but the first belongs over that one.
+void QtToolkit::putOverOwner(WindowView& view) {
+    if (mainView_ == nullptr || mainView_ == &view)
+        return;
+    if (view.parentWidget() != mainView_)
+        view.setParent(mainView_, view.windowFlags() | Qt::Window);
+    // Qt would tell the window manager of a base size of -1, which one of them takes for 65535.
+    view.winId();
+    view.windowHandle()->setBaseSize(QSize(0, 0));
+    view.move(mainView_->geometry().center() - view.rect().center());
+}
+
+void QtToolkit::hide(platform::Window& window) {
+    window.setVisible(false);
+    viewOf(window)->hide();
+}
+
+void QtToolkit::showModal(platform::Window& window) {
+    auto* view = viewOf(window);
+    window.setVisible(true);
+    refresher_.flush();
+    view->setWindowModality(Qt::ApplicationModal);
+    putOverOwner(*view);
+    view->show();
+    while (window.visible())
+        waitForUser();
+}
+
+platform::MessageAnswer QtToolkit::showMessage(const platform::MessageBox& box) {
+    refresher_.flush();
+    QMessageBox dialog(QApplication::activeWindow());
+    dialog.setObjectName("messageBox");
+    dialog.setWindowTitle(shown(box.title));
+    dialog.setTextFormat(Qt::PlainText);
+    dialog.setText(shown(box.text));
+    dialog.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    std::vector<QPushButton*> buttons;
+    for (const auto& caption : box.buttons)
+        // The role keeps Escape from choosing an answer that the user did not give.
+        buttons.push_back(dialog.addButton("&" + shown(caption), QMessageBox::ActionRole));
+    dialog.setDefaultButton(buttons.front());
+    if (buttons.size() == 1)
+        dialog.setEscapeButton(buttons.front());
+    QCheckBox same("Do the same for the rest");
+    if (box.offersSameForRest)
+        dialog.setCheckBox(&same);
+    dialog.exec();
+    const auto at = std::find(buttons.begin(), buttons.end(), dialog.clickedButton());
+    const bool isAnswered = at != buttons.end();
+    const bool sameForRest = box.offersSameForRest && same.isChecked();
+    if (box.offersSameForRest)
+        dialog.setCheckBox(nullptr);
+    return {isAnswered ? static_cast<std::size_t>(at - buttons.begin()) : 0, sameForRest};
+}
+
+std::optional<std::string> QtToolkit::askForText(const platform::InputBox& box) {
+    refresher_.flush();
+    bool accepted = false;
+    const auto text =
+        QInputDialog::getText(QApplication::activeWindow(), shown(box.title), shown(box.text),
+                              QLineEdit::Normal, shown(box.preset), &accepted);
+    return accepted ? std::optional(entered(text)) : std::nullopt;
+}
+
+std::optional<std::string> QtToolkit::askForFile(const platform::FileDialog& dialog) {
+    refresher_.flush();
+    const auto path =
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), shown(dialog.title),
+                                     shown(dialog.folder), nameFilters(dialog.filter));
+    return path.isEmpty() ? std::nullopt : std::optional(QFile::encodeName(path).toStdString());
+}
+
+void QtToolkit::setClipboard(const std::string& text) {
+    QApplication::clipboard()->setText(shown(text));
+}
+
+void QtToolkit::post(platform::Window& window, platform::Control* control,
+                     std::function<void()> action) {
+    const auto takesInput = [&window, control] {
+        return window.visible() && window.enabled() && !window.resting() &&
+               (control == nullptr || (control->enabled() && control->visible()));
+    };
+    if (takesInput())
+        actions_.push_back({&window, takesInput, std::move(action)});
+}
+
+void QtToolkit::postTick(platform::Timer& timer, std::function<void()> action) {
+    actions_.push_back({nullptr, [&timer] { return timer.enabled(); }, std::move(action)});
+}
+
+void QtToolkit::runNextAction() {
+    const auto action = std::move(actions_.front());
+    actions_.pop_front();
+    if (action.stillWanted())
+        action.run();
+}
+
+void QtToolkit::processEvents(bool wait) {
+    refresher_.flush();
+    QCoreApplication::processEvents(wait ? QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
+    lastEvents_ = std::chrono::steady_clock::now();
+}
+
+void QtToolkit::doEvents() {
+    if (std::chrono::steady_clock::now() - lastEvents_ < betweenEvents)
+        return;
+    processEvents(false);
+    for (auto pending = actions_.size(); pending > 0 && !actions_.empty(); --pending)
+        runNextAction();
+}
+
+void QtToolkit::waitForUser() {
+    while (actions_.empty())
+        processEvents(true);
+    runNextAction();
+}
+
+void QtToolkit::waitForTimer() {
+    if (actions_.empty())
+        processEvents(true);
+    while (!actions_.empty())
+        runNextAction();
+}
+
+} // namespace views

@@ -1,0 +1,171 @@
+// One style for every desktop, so that the windows look the same wherever the game is played.
+#include "views/style.h"
+
+#include <QApplication>
+#include <QDBusInterface>
+#include <QDBusReply>
+#include <QIcon>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPalette>
+#include <QStyleFactory>
+
+namespace views {
+namespace {
+
+struct Colours {
+    const char* window;
+    const char* base;
+    const char* raised;
+    const char* border;
+    const char* text;
+    const char* faint;
+    const char* accent;
+    const char* onAccent;
+    const char* hover;
+};
+
+constexpr Colours light = {"#f4f5f7", "#ffffff", "#ffffff", "#c9ced6", "#1c2128",
+                           "#636c78", "#1f5fbf", "#ffffff", "#e6edf8"};
+constexpr Colours dark = {"#1e2227", "#16191d", "#2a2f36", "#444c57", "#e4e7eb",
+                          "#98a2b0", "#5b9cf5", "#0d1218", "#303947"};
+
+/// 1 stands for dark in the desktop portal's settings.
+bool portalSaysDark() {
+    if (!QDBusConnection::sessionBus().isConnected())
+        return false;
+    QDBusInterface portal("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+                          "org.freedesktop.portal.Settings");
+    portal.setTimeout(300);
+    const QDBusReply<QVariant> reply =
+        portal.call("Read", "org.freedesktop.appearance", "color-scheme");
+    if (!reply.isValid())
+        return false;
+    auto value = reply.value();
+    while (value.userType() == qMetaTypeId<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    return value.toUInt() == 1;
+}
+
+bool desktopIsDark() {
+    const auto window = QApplication::palette().color(QPalette::Window);
+    return window.lightness() < 128 ||
+           qEnvironmentVariable("GTK_THEME").contains("dark", Qt::CaseInsensitive) ||
+           portalSaysDark();
+}
+
+QPalette paletteOf(const Colours& colours) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, colours.window);
+    palette.setColor(QPalette::WindowText, colours.text);
+    palette.setColor(QPalette::Base, colours.base);
+    palette.setColor(QPalette::AlternateBase, colours.window);
+    palette.setColor(QPalette::Text, colours.text);
+    palette.setColor(QPalette::PlaceholderText, colours.faint);
+    palette.setColor(QPalette::Button, colours.raised);
+    palette.setColor(QPalette::ButtonText, colours.text);
+    palette.setColor(QPalette::Highlight, colours.accent);
+    palette.setColor(QPalette::HighlightedText, colours.onAccent);
+    palette.setColor(QPalette::Link, colours.accent);
+    palette.setColor(QPalette::ToolTipBase, colours.raised);
+    palette.setColor(QPalette::ToolTipText, colours.text);
+    palette.setColor(QPalette::Mid, colours.border);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, colours.faint);
+    return palette;
+}
+
+constexpr auto sheet = R"(
+QToolTip { border: 1px solid @border; padding: 4px; }
+QMenuBar { background: @window; padding: 2px 4px; }
+QMenuBar::item { padding: 5px 10px; border-radius: 5px; }
+QMenuBar::item:selected { background: @hover; }
+QMenu { background: @raised; border: 1px solid @border; padding: 4px; }
+QMenu::item { padding: 6px 26px 6px 26px; border-radius: 4px; }
+QMenu::item:selected { background: @hover; color: @text; }
+QMenu::item:disabled { color: @faint; }
+QMenu::indicator { left: 7px; width: 13px; height: 13px; }
+QLabel[heading="true"] { font-weight: 600; padding: 2px 0; }
+QPushButton { background: @raised; border: 1px solid @border; border-radius: 6px;
+              padding: 6px 14px; min-height: 1.3em; }
+QPushButton:hover { background: @hover; }
+QPushButton:pressed { background: @border; }
+QPushButton:focus { border: 2px solid @accent; padding: 5px 13px; }
+QPushButton:disabled { color: @faint; background: @window; }
+QPushButton[link="true"] { background: transparent; border: none; color: @accent;
+                           padding: 2px; min-height: 0; }
+QPushButton[link="true"]:disabled { color: @faint; }
+QPushButton[link="true"]:hover, QPushButton[link="true"]:focus { text-decoration: underline; }
+QPushButton[link="true"]:focus { border: none; padding: 2px; }
+QPushButton#cmdGo { background: @accent; color: @onAccent; border: none; font-weight: 600;
+                    font-size: 13pt; padding: 10px 22px; border-radius: 8px; }
+QPushButton#cmdGo:hover { border: 2px solid @text; }
+QPushButton#cmdGo:focus { border: 2px solid @text; }
+QPushButton#cmdGo:disabled { background: @border; color: @faint; }
+QLineEdit, QPlainTextEdit, QListView { background: @base; border: 1px solid @border;
+                                       border-radius: 6px; }
+QLineEdit { padding: 5px 8px; }
+QPlainTextEdit { padding: 4px; }
+QLineEdit:focus, QPlainTextEdit:focus, QListView:focus { border: 1px solid @accent; }
+QListView { padding: 4px; outline: none; }
+QListView::item { padding: 5px 4px; border-radius: 4px; color: @text; }
+QListView::item:hover { background: @hover; }
+QListView::item:selected { background: @hover; color: @text; border: 1px solid @accent; }
+QTabBar::tab { padding: 8px 16px; margin: 0 2px; border-bottom: 3px solid transparent;
+               color: @faint; }
+QTabBar::tab:hover { color: @text; }
+QTabBar::tab:selected { color: @text; font-weight: 600; border-bottom: 3px solid @accent; }
+QTabBar:focus { outline: none; }
+QTabBar::tab:selected:focus { background: @hover; }
+QGroupBox { border: 1px solid @border; border-radius: 8px; margin-top: 0.7em; padding: 12px;
+            font-weight: 600; }
+QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 4px; }
+QGroupBox > QWidget { font-weight: normal; }
+QSplitter::handle { background: transparent; }
+)";
+
+QString styleSheetOf(const Colours& colours) {
+    QString text = sheet;
+    // The longer names come first, since "@base" is no head of another but "@text" might be one.
+    text.replace("@onAccent", colours.onAccent);
+    text.replace("@window", colours.window);
+    text.replace("@raised", colours.raised);
+    text.replace("@border", colours.border);
+    text.replace("@accent", colours.accent);
+    text.replace("@hover", colours.hover);
+    text.replace("@faint", colours.faint);
+    text.replace("@base", colours.base);
+    text.replace("@text", colours.text);
+    return text;
+}
+
+/// A banner on its cross-staff.
+QIcon icon() {
+    QPixmap picture(128, 128);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor("#7a5a2e"), 8, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(64, 10, 64, 120);
+    painter.drawLine(22, 24, 106, 24);
+    QPainterPath cloth;
+    cloth.addPolygon(QPolygonF({{28, 26}, {100, 26}, {100, 92}, {64, 78}, {28, 92}}));
+    cloth.closeSubpath();
+    painter.fillPath(cloth, QColor("#b3261e"));
+    painter.setPen(QPen(QColor("#f2c14e"), 6));
+    painter.drawLine(46, 42, 64, 68);
+    painter.drawLine(82, 42, 64, 68);
+    return {picture};
+}
+
+} // namespace
+
+void applyStyle(QApplication& application) {
+    const auto& colours = desktopIsDark() ? dark : light;
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(paletteOf(colours));
+    application.setStyleSheet(styleSheetOf(colours));
+    QApplication::setWindowIcon(icon());
+}
+
+} // namespace views

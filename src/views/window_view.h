@@ -1,0 +1,59 @@
+// What the views of all windows share: widgets made for controls and tied to them.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QWidget>
+
+#include "platform/controls.h"
+#include "views/binding.h"
+
+namespace views {
+
+class QtToolkit;
+
+/// One window of the logic on the screen. Makes a widget for each control, named as the control is,
+/// and passes what the user does to the toolkit, which hands it to the logic in its own time.
+class WindowView : public QWidget {
+    Q_OBJECT
+
+  public:
+    WindowView(platform::Window& window, QtToolkit& toolkit);
+
+  protected:
+    QLabel* label(platform::Label& control, bool heading = false);
+    QPushButton* link(platform::Label& control);
+    QPushButton* button(platform::Button& control);
+    QLineEdit* lineEdit(platform::TextBox& control);
+    QPlainTextEdit* textEdit(platform::TextBox& control);
+    QTabBar* tabBar(platform::TabStrip& control);
+    QListView* markList(platform::MarkList& control);
+    void timer(platform::Timer& control);
+
+    /// Ties a widget's text, state and visibility to a control's.
+    void bind(platform::Control& control, QWidget* widget, std::function<void()> showText);
+    void addBinding(platform::Element& element, std::function<void()> refresh);
+    /// Hands an action of the user to the logic, if the control takes input then.
+    void post(platform::Control& control, std::function<void()> action);
+
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+    platform::Window& window_;
+    QtToolkit& toolkit_;
+
+  private:
+    std::vector<std::unique_ptr<Binding>> bindings_;
+};
+
+std::unique_ptr<WindowView> makeView(platform::Window& window, QtToolkit& toolkit);
+
+} // namespace views
