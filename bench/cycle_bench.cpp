@@ -1,0 +1,240 @@
+// Apply and reset of many files, against a bare loop of rename over the same files, against GNU
+// Stow where it is installed, and with the real windows against none.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include "bench.h"
+#include "engine/frmMain.h"
+#include "platform/headless/session.h"
+
+#ifdef VEXILLUM_WINDOWS
+#include <QApplication>
+
+#include "views/qt_toolkit.h"
+#endif
+
+namespace {
+
+namespace fs = std::filesystem;
+using bench::Seconds;
+
+constexpr int rounds = 7;
+constexpr int gameFiles = 2000;
+constexpr int filesInFolder = 50;
+constexpr int foldersInRelease = 10;
+
+/// A game directory and releases, made anew for each size.
+class Tree {
+  public:
+    explicit Tree(int files) : root_(fs::current_path() / "cycle-bench-game") {
+        fs::remove_all(root_);
+        for (const auto* folder : {"VXL-Sel", "VXL-Changes", "TC-Cavedog TA", "AI-Cavedog AI"})
+            fs::create_directories(root_ / "Vexillum" / folder);
+        for (const auto* name : {"TC", "AI", "Races", "Maps", "Units", "Trlx"})
+            put("Vexillum/VXL-Sel/sel" + std::string(name) + ".txt", "");
+        put("Vexillum/VXL-Changes/Internal.txt", "MKDIRS\r\nMOVES\r\n");
+        for (int i = 0; i < gameFiles; ++i)
+            put("game" + std::to_string(i % 20) + "/file" + std::to_string(i), "game");
+        std::string names;
+        for (int i = 0; i < files; ++i)
+            addReleaseFile(i, names);
+        put("Vexillum/VXL-Sel/selMods.txt", names);
+        selection_ = names;
+        ::sync();
+    }
+    ~Tree() { fs::remove_all(root_); }
+    Tree(const Tree&) = delete;
+    Tree& operator=(const Tree&) = delete;
+
+    const fs::path& root() const { return root_; }
+
+    /// The limit: the same files moved there, and back, by rename alone.
+    std::pair<Seconds, Seconds> bareMoves() const {
+        for (int i = 0; i < foldersInRelease; ++i)
+            fs::create_directory(root_ / ("sub" + std::to_string(i)));
+        ::sync();
+        const auto there = bench::timeOf([&] {
+            for (const auto& [from, to] : moves_)
+                std::rename(from.c_str(), to.c_str());
+        });
+        ::sync();
+        const auto back = bench::timeOf([&] {
+            for (const auto& [from, to] : moves_)
+                std::rename(to.c_str(), from.c_str());
+        });
+        for (int i = 0; i < foldersInRelease; ++i)
+            fs::remove(root_ / ("sub" + std::to_string(i)));
+        return {there, back};
+    }
+
+    void select() const { put("Vexillum/VXL-Sel/selMods.txt", selection_); }
+    void forgetJournal() const { put("Vexillum/VXL-Changes/Internal.txt", "MKDIRS\r\nMOVES\r\n"); }
+
+    std::vector<std::string> releases() const {
+        std::vector<std::string> names;
+        for (int i = 0; i < releases_; ++i)
+            names.push_back("Mod-" + std::to_string(i));
+        return names;
+    }
+
+  private:
+    void addReleaseFile(int i, std::string& names) {
+        const int folder = i / filesInFolder;
+        const int release = folder / foldersInRelease;
+        if (release == releases_) {
+            ++releases_;
+            names += std::to_string(release) + "\r\n";
+        }
+        const auto file =
+            "sub" + std::to_string(folder % foldersInRelease) + "/release" + std::to_string(i);
+        const auto from = "Vexillum/Mod-" + std::to_string(release) + "/" + file;
+        put(from, "release");
+        moves_.emplace_back((root_ / from).string(), (root_ / file).string());
+    }
+
+    void put(const std::string& path, const std::string& content) const {
+        fs::create_directories((root_ / path).parent_path());
+        std::ofstream(root_ / path, std::ios::binary) << content;
+    }
+
+    fs::path root_;
+    int releases_ = 0;
+    std::string selection_;
+    std::vector<std::pair<std::string, std::string>> moves_;
+};
+
+/// Makes the toolkit of one run.
+using MakeToolkit = std::function<std::unique_ptr<platform::Toolkit>()>;
+
+struct Cycle {
+    Seconds apply = 0;
+    Seconds reset = 0;
+};
+
+Cycle cycle(const Tree& tree, const MakeToolkit& makeToolkit) {
+    tree.select();
+    tree.forgetJournal();
+    Cycle times;
+    const auto disk = platform::makeDisk();
+    platform::headless::RecordedPrograms programs(*disk, [](const auto&) {});
+    {
+        const auto toolkit = makeToolkit();
+        engine::frmMain main({*disk, *toolkit, programs, tree.root().string(), "", ""});
+        main.Init();
+        ::sync();
+        times.apply = bench::timeOf([&] { main.moveFiles(); });
+        main.saveSels();
+    }
+    ::sync();
+    const auto toolkit = makeToolkit();
+    engine::frmMain main({*disk, *toolkit, programs, tree.root().string(), "", ""});
+    times.reset = bench::timeOf([&] { main.Init(); });
+    return times;
+}
+
+class Headless {
+  public:
+    std::unique_ptr<platform::Toolkit> operator()() {
+        return std::make_unique<platform::headless::SessionToolkit>(
+            script_, [this](const auto& event) { transcript_ << event.dump() << '\n'; });
+    }
+
+  private:
+    std::istringstream none_;
+    platform::headless::Script script_{none_};
+    std::ofstream transcript_{"/dev/null"};
+};
+
+#ifdef VEXILLUM_WINDOWS
+/// The real windows; the second for which the log stands is cut short.
+class Hurried final : public views::QtToolkit {
+  public:
+    void load(platform::Window& window) override {
+        QtToolkit::load(window);
+        windows_.push_back(&window);
+    }
+    void waitForTimer() override {
+        for (auto* window : windows_)
+            for (auto* control : window->controls())
+                if (auto* timer = dynamic_cast<platform::Timer*>(control);
+                    timer != nullptr && timer->enabled())
+                    timer->onTick();
+    }
+
+  private:
+    std::vector<platform::Window*> windows_;
+};
+#endif
+
+Seconds runStow(const Tree& tree, const std::string& option) {
+    std::string command = "stow --no-folding -d '" + (tree.root() / "Vexillum").string() +
+                          "' -t '" + tree.root().string() + "' " + option;
+    for (const auto& release : tree.releases())
+        command += " '" + release + "'";
+    ::sync();
+    return bench::timeOf([&] {
+        if (std::system((command + " 2>/dev/null").c_str()) != 0)
+            std::puts("stow failed");
+    });
+}
+
+struct Medians {
+    Seconds apply, reset, there, back;
+};
+
+Medians measure(const Tree& tree, const MakeToolkit& makeToolkit) {
+    std::vector<Seconds> apply, reset, there, back;
+    for (int i = 0; i < rounds; ++i) {
+        const auto bare = tree.bareMoves();
+        there.push_back(bare.first);
+        back.push_back(bare.second);
+        const auto times = cycle(tree, makeToolkit);
+        apply.push_back(times.apply);
+        reset.push_back(times.reset);
+    }
+    return {bench::median(apply), bench::median(reset), bench::median(there), bench::median(back)};
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    Headless headless;
+    const MakeToolkit noScreen = [&headless] { return headless(); };
+    {
+        const Tree tree(20'000);
+        const auto times = measure(tree, noScreen);
+        bench::report("apply, 20,000 files, against bare renames", times.apply, times.there, 2);
+        bench::report("reset, 20,000 files, against bare renames", times.reset, times.back, 2);
+        struct rusage usage {};
+        ::getrusage(RUSAGE_SELF, &usage);
+        std::printf("peak memory %ld MB (goal: under 200)\n", usage.ru_maxrss / 1024);
+        if (std::system("stow --version >/dev/null 2>&1") == 0) {
+            const auto there = runStow(tree, "-S");
+            const auto back = runStow(tree, "-D");
+            bench::report("apply against GNU Stow", times.apply, there, 1.0 / 6);
+            bench::report("reset against GNU Stow -D", times.reset, back, 1.0 / 6);
+        }
+#ifdef VEXILLUM_WINDOWS
+        ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+        const QApplication application(argc, argv);
+        const auto shown = measure(tree, [] { return std::make_unique<Hurried>(); });
+        bench::report("apply with the real window, against none", shown.apply, times.apply, 2);
+        bench::report("reset with the real window, against none", shown.reset, times.reset, 2);
+#else
+        static_cast<void>(argc);
+        static_cast<void>(argv);
+#endif
+    }
+    for (const int files : {1000, 5000, 20'000}) {
+        const Tree tree(files);
+        const auto times = measure(tree, noScreen);
+        std::printf("%6d files: apply %6.2f us a file, reset %6.2f us a file, bare %6.2f / %6.2f\n",
+                    files, times.apply / files * 1e6, times.reset / files * 1e6,
+                    times.there / files * 1e6, times.back / files * 1e6);
+    }
+}
