@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# install.sh BUILD: putting the program into a game directory keeps what the user has there.
+set -u
+game=$(mktemp -d)
+trap 'rm -rf "$game"' EXIT
+status=0
+install() { cmake --install "$1" --component game --prefix "$game" >/dev/null || status=1; }
+expect() {
+    [ "$(cat "$game/$1" 2>&1)" = "$2" ] || { echo "$1 is: $(cat "$game/$1" 2>&1)"; status=1; }
+}
+
+mkdir -p "$game/vexillum/vxl-changes" "$game/vexillum/VXL-Sel" "$game/vexillum/TC-Cavedog TA" \
+    "$game/vexillum/VXL-Help"
+echo journal >"$game/vexillum/vxl-changes/internal.TXT"
+echo chosen >"$game/vexillum/VXL-Sel/selMaps.txt"
+echo mine >"$game/vexillum/TC-Cavedog TA/info.txt"
+echo old >"$game/vexillum/VXL-Help/Index.html"
+install "$1"
+install "$1"
+expect vexillum/vxl-changes/internal.TXT journal
+expect vexillum/VXL-Sel/selMaps.txt chosen
+expect "vexillum/TC-Cavedog TA/info.txt" mine
+expect vexillum/VXL-Sel/selTC.txt ""
+grep -q '<h1>' "$game/vexillum/VXL-Help/Index.html" || { echo "the help page is the old one"; status=1; }
+[ -x "$game/Vexillum.exe" ] || { echo "the program is not there"; status=1; }
+[ ! -e "$game/Vexillum" ] || { echo "a second data tree was made"; status=1; }
+exit $status

@@ -1,0 +1,95 @@
+// The session runner's own rules: which lines count, which box takes which answer, what cannot be
+// carried out.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/game.h"
+
+namespace {
+
+using test::fieldOf;
+using test::Game;
+using test::play;
+using testing::ElementsAre;
+
+TEST(SessionRunner, lines_that_cannot_be_carried_out_stop_it) {
+    const Game game;
+    game.put("Vexillum/Map-Foo/a.ufo");
+    const std::string lines[] = {
+        "click cmdNone",
+        "click lstList",
+        "click mnuMMsmall",
+        "mark Foo",
+        "mark none",
+        "tab Planets",
+        "tab",
+        "type txtSelTC x",
+        "type txtAbout",
+        "pick cbo1Type TC",
+        "dance",
+        "click",
+        "click mnuMain",
+        "click mnuMMsettings",
+        "click lblList",
+        "Tab Maps",
+    };
+    for (const auto& line : lines)
+        EXPECT_EQ(play(game, "# a comment\n\n" + line + "\ntab Maps\n").badLine, line);
+    const auto session = play(game, "tab Maps\nclick cmdRemove\n");
+    EXPECT_EQ(session.badLine, "click cmdRemove");
+}
+
+TEST(SessionRunner, a_box_takes_the_first_answer_that_waits_or_the_next_line) {
+    const Game game;
+    for (const auto* name : {"a", "b", "c", "d"}) {
+        game.put(name, "game");
+        game.put(std::string("Vexillum/Mod-New/") + name, "new");
+    }
+    const auto applied = play(game, "tab Mods\nanswer No\nmark New\nanswer No\nclose\n"
+                                    "# comments do not stand between\n\nanswer Yes\n");
+    EXPECT_THAT(fieldOf(applied, "message", "answer"), ElementsAre("No", "No", "Yes", "Yes"));
+}
+
+TEST(SessionRunner, an_answer_that_a_box_does_not_know_is_a_bad_line) {
+    const Game game;
+    game.put("a", "game");
+    game.put("Vexillum/Mod-New/a", "new");
+    EXPECT_EQ(play(game, "tab Mods\nmark New\nanswer Maybe\nclose\n").badLine, "answer Maybe");
+    EXPECT_THAT(
+        fieldOf(play(game, "tab Mods\nmark New\nanswer No *\nclose\n"), "message", "answer"),
+        ElementsAre("OK", "No"))
+        << "the box has no check to set; the OK is that of the selection that was lost";
+    play(game, "");
+    EXPECT_EQ(play(game, "tab Mods\nmark New\nanswer  *\nclose\n").badLine, std::nullopt)
+        << "no answer but the check takes the default";
+}
+
+TEST(SessionRunner, a_program_that_asks_without_end_is_stopped) {
+    const Game game;
+    std::string journal = "MKDIRS\r\nMOVES\r\n";
+    for (int i = 0; i < platform::headless::mostBoxesInARow - 1; ++i)
+        journal += "a\r\nb\r\n";
+    game.put("Vexillum/VXL-Changes/Internal.txt", journal);
+    EXPECT_FALSE(play(game, "").boxesWithoutEnd);
+    game.put("Vexillum/VXL-Changes/Internal.txt", journal + "a\r\nb\r\n");
+    EXPECT_TRUE(play(game, "").boxesWithoutEnd);
+}
+
+TEST(SessionRunner, text_that_is_no_utf8_is_shown_as_windows_1252) {
+    const Game game;
+    game.put("Vexillum/Map-\xC4gypten/info.txt", "Sch\xF6n\r\n");
+    const auto session = play(game, "tab Maps\nmark Ägypten\ndump\n");
+    EXPECT_FALSE(session.badLine);
+    EXPECT_EQ(session.events.back()["controls"]["txtAbout"]["text"], "Schön\n");
+}
+
+TEST(SessionRunner, a_windows_program_is_started_through_wine) {
+    const Game game;
+    EXPECT_THAT(fieldOf(play(game, "click cmdGo\n"), "start", "command"),
+                ElementsAre(game.folder() + "/totala.exe"));
+    game.put("totala.exe", "MZ...");
+    EXPECT_THAT(fieldOf(play(game, "click cmdGo\n"), "start", "command"),
+                ElementsAre("wine " + game.folder() + "/totala.exe"));
+}
+
+} // namespace

@@ -1,0 +1,141 @@
+// Test game directories and the sessions played in them.
+#include "support/game.h"
+
+#include <algorithm>
+#include <atomic>
+#include <fstream>
+#include <sstream>
+
+#include <unistd.h>
+
+#include "engine/frmMain.h"
+
+namespace test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// In memory where the system has such a folder: the program syncs often.
+fs::path temporaryFolder() {
+    const fs::path memory = "/dev/shm";
+    return ::access(memory.c_str(), W_OK) == 0 ? memory : fs::temp_directory_path();
+}
+
+bool isProgramsOwn(const std::string& path) {
+    return path.starts_with("Vexillum/VXL-") || path == "Vexillum/MBefore.txt" ||
+           path == "Vexillum/MAfter.txt";
+}
+
+} // namespace
+
+Game::Game() {
+    static std::atomic<int> number = 0;
+    folder_ = temporaryFolder() /
+              ("vexillum-test-" + std::to_string(::getpid()) + "-" + std::to_string(++number));
+    fs::remove_all(folder_);
+    fs::create_directories(folder_ / "Vexillum");
+    fs::copy(VEXILLUM_DATA, folder_ / "Vexillum", fs::copy_options::recursive);
+    put("totala.exe", "the game");
+}
+
+Game::~Game() {
+    std::error_code ignored;
+    fs::remove_all(folder_, ignored);
+}
+
+void Game::put(std::string_view path, std::string_view content) const {
+    fs::create_directories(at(path).parent_path());
+    std::ofstream(at(path), std::ios::binary) << content;
+}
+
+void Game::makeFolder(std::string_view path) const {
+    fs::create_directories(at(path));
+}
+
+void Game::remove(std::string_view path) const {
+    fs::remove_all(at(path));
+}
+
+std::optional<std::string> Game::content(std::string_view path) const {
+    if (!fs::is_regular_file(at(path)))
+        return std::nullopt;
+    std::ifstream file(at(path), std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+bool Game::has(std::string_view path) const {
+    return fs::exists(fs::symlink_status(at(path)));
+}
+
+Tree Game::files() const {
+    Tree tree;
+    for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
+        const auto path = entry.path().lexically_relative(folder_).string();
+        if (entry.is_regular_file() && !isProgramsOwn(path))
+            tree[path] = *content(path);
+    }
+    return tree;
+}
+
+std::vector<std::string> Game::folders() const {
+    std::vector<std::string> folders;
+    for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
+        const auto path = entry.path().lexically_relative(folder_).string();
+        if (entry.is_directory() && !isProgramsOwn(path))
+            folders.push_back(path);
+    }
+    std::sort(folders.begin(), folders.end());
+    return folders;
+}
+
+std::string differences(const Tree& before, const Tree& after) {
+    std::string text;
+    const auto list = [&text](const Tree& tree, const Tree& other, const char* word) {
+        for (const auto& [path, content] : tree)
+            if (const auto at = other.find(path); at == other.end() || at->second != content)
+                text += word + path + " (" + content.substr(0, 20) + ")\n";
+    };
+    list(before, after, "before: ");
+    list(after, before, "after:  ");
+    return text;
+}
+
+Session play(const Game& game, const std::string& script, const Play& how) {
+    using namespace platform;
+    Session session;
+    const headless::Transcript transcript = [&session](const Event& event) {
+        session.events.push_back(event);
+    };
+    std::istringstream lines(script);
+    headless::Script actions(lines);
+    headless::SessionToolkit toolkit(actions, transcript);
+    const auto own = makeDisk();
+    auto& disk = how.disk != nullptr ? *how.disk : *own;
+    headless::RecordedPrograms programs(disk, transcript);
+    engine::frmMain main({disk, toolkit, programs, game.folder(), "", how.commandLine});
+    try {
+        main.run();
+        session.endedItself = true;
+    } catch (const headless::ScriptEnd&) {
+        // The machine was switched off.
+    } catch (const headless::BadLine& line) {
+        session.badLine = line.what();
+    } catch (const headless::TooManyBoxes&) {
+        session.boxesWithoutEnd = true;
+    }
+    return session;
+}
+
+std::vector<std::string> fieldOf(const Session& session, std::string_view event,
+                                 const std::string& field) {
+    std::vector<std::string> values;
+    for (const auto& each : session.events)
+        if (each["event"] == event)
+            values.push_back(each[field].get<std::string>());
+    return values;
+}
+
+} // namespace test

@@ -1,0 +1,301 @@
+// The lines of a story:
+//   #: file PATH = TEXT      a file of the game directory; \n in TEXT is a line end (CR LF), \t a
+//   tab
+//   #: folder PATH, #: remove PATH
+//   #: pack ARCHIVE ENTRY = TEXT    adds an entry to an archive of the game directory
+//   #: start [COMMAND LINE]  a session with the script lines up to the next "#:" line
+//   #: cut N                 with the session before it: the power goes before the N-th change
+//   #> EVENT                 what the user sees; "..." stands for any text
+//   #= CONTROL[.FIELD] TEXT  the state at this place of the script
+//   #: has PATH [= TEXT], #: no PATH
+//   #: same PATH PATH        two files are equal
+//   #: plain                 every file is as it was before the first session
+#include "support/story.h"
+
+#include <fstream>
+#include <sstream>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include "platform/text.h"
+#include "support/archive_writer.h"
+#include "support/faulty_disk.h"
+#include "support/game.h"
+
+namespace test {
+namespace {
+
+using platform::replaceAll;
+
+struct Expectation {
+    std::string text;
+    int look = 0; ///< the number of the look at the window's state, 0 for an event
+    std::string where;
+};
+
+bool matches(std::string_view pattern, std::string_view text) {
+    const auto gap = pattern.find("...");
+    if (gap == std::string_view::npos)
+        return pattern == text;
+    if (!text.starts_with(pattern.substr(0, gap)))
+        return false;
+    const auto rest = pattern.substr(gap + 3);
+    for (auto at = gap; at <= text.size(); ++at)
+        if (matches(rest, text.substr(at)))
+            return true;
+    return false;
+}
+
+std::string told(const Event& value) {
+    return value.is_null() ? "(cancelled)" : value.get<std::string>();
+}
+
+/// An event as one line of a story.
+std::string lineOf(const Event& event, const std::string& folder) {
+    const auto kind = event["event"].get<std::string>();
+    std::string line = kind + " ";
+    if (kind == "show")
+        line += told(event["window"]) + " " + told(event["title"]) +
+                (event["modal"].get<bool>() ? " (modal)" : "");
+    else if (kind == "hide")
+        line += told(event["window"]);
+    else if (kind == "log")
+        line += told(event["line"]);
+    else if (kind == "message" && event["buttons"].size() == 1)
+        line += told(event["text"]);
+    else if (kind == "message")
+        line += told(event["text"]) + " -> " + told(event["answer"]);
+    else if (kind == "input")
+        line +=
+            told(event["text"]) + " [" + told(event["preset"]) + "] -> " + told(event["answer"]);
+    else if (kind == "file-dialog")
+        line += told(event["title"]) + " -> " + told(event["answer"]);
+    else if (kind == "start")
+        line += told(event["command"]) + " " + told(event["window"]);
+    else if (kind == "clipboard")
+        line += told(event["text"]);
+    return replaceAll(replaceAll(line, "\n", "\\n"), folder, "GAME");
+}
+
+/// Windows and log lines may go untold in a story, questions and programs never.
+bool mayGoUntold(const Event& event) {
+    const auto kind = event["event"].get<std::string>();
+    return kind == "show" || kind == "hide" || kind == "log";
+}
+
+std::string stateText(const Event& state, const std::string& field) {
+    if (field == "items") {
+        std::string items;
+        for (const auto& item : state["items"])
+            items += (items.empty() ? "" : ", ") + item["text"].get<std::string>() +
+                     (item["marked"].get<bool>() ? "*" : "");
+        return items;
+    }
+    const auto& value = state[field];
+    return value.is_string() ? replaceAll(value.get<std::string>(), "\n", "\\n") : value.dump();
+}
+
+class Story {
+  public:
+    explicit Story(std::string file) : file_(std::move(file)) {}
+
+    void play() {
+        std::ifstream lines(file_);
+        for (std::string line; std::getline(lines, line);) {
+            ++lineNumber_;
+            if (line.starts_with("#: "))
+                direct(line.substr(3));
+            else if (line.starts_with("#> "))
+                expectations_.push_back({line.substr(3), 0, where()});
+            else if (line.starts_with("#= "))
+                expectState(line.substr(3));
+            else
+                addScript(line);
+        }
+        runSession();
+        EXPECT_GT(sessions_, 0) << file_ << " plays no session";
+    }
+
+  private:
+    std::string where() const { return file_ + ":" + std::to_string(lineNumber_); }
+
+    void addScript(const std::string& line) {
+        script_ += line + "\n";
+        if (!line.empty() && line[0] != '#')
+            lastWasState_ = false;
+    }
+
+    void expectState(const std::string& text) {
+        if (!std::exchange(lastWasState_, true)) {
+            script_ += "dump\n";
+            ++looks_;
+        }
+        expectations_.push_back({text, looks_, where()});
+    }
+
+    void direct(const std::string& line) {
+        const auto blank = line.find(' ');
+        const auto word = line.substr(0, blank);
+        auto rest = blank == std::string::npos ? "" : line.substr(blank + 1);
+        if (word == "cut") {
+            cutAt_ = std::stoi(rest);
+            return;
+        }
+        runSession();
+        std::string text;
+        if (rest.ends_with(" ="))
+            rest += " ";
+        const auto equals = rest.find(" = ");
+        const bool hasText = equals != std::string::npos;
+        if (hasText) {
+            text = replaceAll(replaceAll(rest.substr(equals + 3), "\\n", "\r\n"), "\\t", "\t");
+            rest.resize(equals);
+        }
+        if (word == "file")
+            game_.put(rest, text);
+        else if (word == "folder")
+            game_.makeFolder(rest);
+        else if (word == "pack")
+            pack(rest, text);
+        else if (word == "same")
+            checkSame(rest);
+        else if (word == "remove")
+            game_.remove(rest);
+        else if (word == "start")
+            beginSession(rest);
+        else if (word == "has")
+            checkHas(rest, hasText ? std::optional(text) : std::nullopt);
+        else if (word == "no")
+            EXPECT_FALSE(game_.has(rest)) << where() << ": " << rest << " is there";
+        else if (word == "plain")
+            EXPECT_EQ(differences(before_, game_.files()), "") << where();
+        else
+            ADD_FAILURE() << where() << ": no such line in a story";
+    }
+
+    void pack(const std::string& names, const std::string& text) {
+        const auto blank = names.find(' ');
+        const auto archive = names.substr(0, blank);
+        packed_[archive].emplace_back(names.substr(blank + 1), text);
+        game_.put(archive, packArchive(packed_[archive], {Packing::lz77, true, 0x7D}));
+    }
+
+    void checkSame(const std::string& names) {
+        const auto blank = names.find(' ');
+        EXPECT_TRUE(game_.content(names.substr(0, blank))) << where();
+        EXPECT_EQ(game_.content(names.substr(0, blank)), game_.content(names.substr(blank + 1)))
+            << where();
+    }
+
+    void checkHas(const std::string& path, const std::optional<std::string>& text) {
+        EXPECT_TRUE(game_.has(path)) << where() << ": " << path << " is not there";
+        if (text) {
+            EXPECT_EQ(game_.content(path), text) << where() << ": " << path;
+        }
+    }
+
+    void beginSession(const std::string& commandLine) {
+        if (sessions_++ == 0)
+            before_ = game_.files();
+        commandLine_ = commandLine;
+        started_ = true;
+        script_.clear();
+        expectations_.clear();
+        cutAt_ = 0;
+        lastWasState_ = false;
+    }
+
+    void runSession() {
+        if (!std::exchange(started_, false))
+            return;
+        const auto disk = platform::makeDisk();
+        FaultyDisk faulty(*disk, [this](int number, const std::string&) {
+            if (number == cutAt_)
+                throw PowerCut();
+        });
+        Session session;
+        try {
+            session = test::play(game_, script_, {commandLine_, &faulty});
+        } catch (const PowerCut&) {
+            return;
+        }
+        EXPECT_EQ(cutAt_, 0) << where() << ": the session ended before the power went";
+        EXPECT_FALSE(session.badLine) << where() << ": cannot be carried out: " << *session.badLine;
+        EXPECT_FALSE(session.boxesWithoutEnd) << where();
+        if (session.endedItself)
+            session.events.push_back({{"event", "end"}});
+        compare(session.events);
+    }
+
+    void compare(const std::vector<Event>& events) {
+        const Event* event = nullptr;
+        std::size_t next = 0;
+        int look = 0;
+        for (const auto& expected : expectations_) {
+            const bool isState = expected.look > 0;
+            if (!isState || expected.look != look)
+                event = skipTo(events, next, isState ? "state" : expected.text, expected);
+            if (event == nullptr)
+                return;
+            look = expected.look;
+            if (isState)
+                checkState(*event, expected);
+        }
+        for (; next < events.size(); ++next)
+            EXPECT_TRUE(mayGoUntold(events[next]))
+                << where() << ": untold: " << lineOf(events[next], game_.folder());
+    }
+
+    const Event* skipTo(const std::vector<Event>& events, std::size_t& next,
+                        const std::string& pattern, const Expectation& expected) {
+        std::string seen;
+        while (next < events.size()) {
+            const auto& event = events[next++];
+            const auto line = event["event"] == "state" ? "state" : lineOf(event, game_.folder());
+            if (event["event"] == "end" ? pattern == "end" : matches(pattern, line))
+                return &event;
+            seen += "\n    " + line;
+            if (!mayGoUntold(event))
+                break;
+        }
+        ADD_FAILURE() << expected.where << ": not seen: " << pattern << "\n  but:" << seen;
+        return nullptr;
+    }
+
+    void checkState(const Event& state, const Expectation& expected) const {
+        const auto blank = expected.text.find(' ');
+        const auto name = expected.text.substr(0, blank);
+        const auto text =
+            blank == std::string::npos ? std::string() : expected.text.substr(blank + 1);
+        const auto dot = name.find('.');
+        const auto field = dot == std::string::npos ? "text" : name.substr(dot + 1);
+        const auto& controls = state["controls"];
+        const auto control = name.substr(0, dot);
+        ASSERT_TRUE(controls.contains(control)) << expected.where << ": no " << control;
+        const auto is = stateText(controls[control], field);
+        EXPECT_TRUE(matches(text, is)) << expected.where << ": " << name << " is " << is;
+    }
+
+    std::string file_;
+    int lineNumber_ = 0;
+    Game game_;
+    Tree before_;
+    int sessions_ = 0;
+    bool started_ = false;
+    std::string commandLine_;
+    std::string script_;
+    std::vector<Expectation> expectations_;
+    int cutAt_ = 0;
+    bool lastWasState_ = false;
+    int looks_ = 0;
+    std::map<std::string, PackedFiles> packed_;
+};
+
+} // namespace
+
+void playStory(const std::string& file) {
+    Story(file).play();
+}
+
+} // namespace test

@@ -1,0 +1,195 @@
+// The real windows without a screen: what a person clicks and types reaches the logic, and what the
+// logic sets is seen.
+#include <functional>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "engine/frmMain.h"
+#include "platform/headless/session.h"
+#include "support/game.h"
+#include "views/qt_toolkit.h"
+
+namespace {
+
+template <typename Widget>
+Widget* find(const char* name) {
+    for (auto* window : QApplication::topLevelWidgets())
+        if (window->objectName() == name)
+            return qobject_cast<Widget*>(window);
+        else if (auto* widget = window->findChild<Widget*>(name))
+            return widget;
+    return nullptr;
+}
+
+void key(QWidget* widget, int code, const QString& text = {}) {
+    QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
+    QApplication::sendEvent(widget, &press);
+}
+
+/// Plays one step each time that the windows come to rest, then lets the session stop.
+class WindowTest : public testing::Test {
+  protected:
+    void run(std::vector<std::function<void()>> steps) {
+        views::QtToolkit toolkit;
+        const auto disk = platform::makeDisk();
+        platform::headless::RecordedPrograms programs(
+            *disk, [this](const auto& event) { started.push_back(event["command"]); });
+        engine::frmMain main({*disk, toolkit, programs, game.folder(), "", ""});
+        window = &main;
+        std::size_t next = 0;
+        QTimer clock;
+        QObject::connect(&clock, &QTimer::timeout, [&] {
+            const auto* log = find<QWidget>("frmShowReadme");
+            if (next == 0 && (main.resting() || (log != nullptr && log->isVisible()) ||
+                              main.lstList.count() == 0))
+                return;
+            if (next < steps.size())
+                steps[next++]();
+        });
+        clock.start(40);
+        main.run();
+        EXPECT_EQ(next, steps.size());
+    }
+
+    static void chooseTab(int index) {
+        auto* tabs = find<QTabBar>("tspMain");
+        Q_EMIT tabs->tabBarClicked(index);
+    }
+    static void clickRow(int row) {
+        auto* list = find<QListView>("lstList");
+        Q_EMIT list->clicked(list->model()->index(row, 0));
+    }
+
+    test::Game game;
+    engine::frmMain* window = nullptr;
+    std::vector<std::string> started;
+};
+
+TEST_F(WindowTest, a_map_is_ticked_and_launched_through_the_widgets) {
+    game.put("Vexillum/Map-New/maps/a.ota", "new");
+    game.put("Vexillum/Map-\xC4gypten/info.txt", "Sch\xF6n");
+    game.put("maps/A.OTA", "game");
+    run({
+        [] { chooseTab(4); },
+        [this] {
+            EXPECT_EQ(find<QLabel>("lblList")->text(), "Available Maps:");
+            EXPECT_EQ(find<QTabBar>("tspMain")->currentIndex(), 4);
+            auto* list = find<QListView>("lstList");
+            EXPECT_EQ(list->model()->rowCount(), 2);
+            EXPECT_EQ(list->model()->index(1, 0).data().toString(), "Ägypten");
+            EXPECT_FALSE(find<QPushButton>("cmdExplore")->isEnabled());
+            list->setCurrentIndex(list->model()->index(0, 0));
+            key(list, Qt::Key_Space, " ");
+        },
+        [] { clickRow(1); },
+        [] {
+            auto* list = find<QListView>("lstList");
+            EXPECT_EQ(list->model()->index(0, 0).data(Qt::CheckStateRole), Qt::Checked);
+            EXPECT_EQ(find<QLineEdit>("txtSelMaps")->text(), "2 3rd Party Maps Selected");
+            EXPECT_EQ(find<QPlainTextEdit>("txtAbout")->toPlainText(), "Schön\n");
+            EXPECT_TRUE(find<QPushButton>("cmdExplore")->isEnabled());
+            find<QPushButton>("cmdGo")->click();
+        },
+        [] {
+            auto* box = find<QMessageBox>("messageBox");
+            ASSERT_NE(box, nullptr);
+            EXPECT_TRUE(box->text().startsWith("Both the \"New\" Map and the"));
+            key(box, Qt::Key_Escape);
+            EXPECT_TRUE(box->isVisible()) << "Escape must not answer";
+            box->buttons().front()->click();
+        },
+        [] {
+            auto* log = find<QPlainTextEdit>("txtReadme");
+            EXPECT_TRUE(log->toPlainText().startsWith("Creating Needed Subdirectories...\nmaps\n"));
+            EXPECT_TRUE(log->toPlainText().endsWith("Done"));
+            EXPECT_FALSE(find<QPushButton>("cmdRevert")->isEnabled())
+                << "the main window rests during the apply";
+            key(log, Qt::Key_Return);
+        },
+    });
+    EXPECT_EQ(game.content("maps/A.OTA"), std::nullopt);
+    EXPECT_EQ(game.content("maps/a.ota"), "new");
+    ASSERT_EQ(started.size(), 1U);
+    EXPECT_EQ(started[0], game.folder() + "/totala.exe");
+}
+
+TEST_F(WindowTest, the_rest_of_a_row_can_be_answered_alike) {
+    for (const auto* name : {"a", "b", "c", "d", "e"}) {
+        game.put(name, "game");
+        game.put(std::string("Vexillum/Mod-New/") + name, "new");
+    }
+    const auto answer = [](bool offers, const char* caption, bool same) {
+        auto* box = find<QMessageBox>("messageBox");
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->checkBox() != nullptr, offers);
+        if (same)
+            box->checkBox()->setChecked(true);
+        for (auto* button : box->buttons())
+            if (button->text() == caption)
+                button->click();
+    };
+    run({
+        [] { chooseTab(3); },
+        [] { clickRow(0); },
+        [this] { find<QWidget>("frmMain")->close(); },
+        [&] { answer(false, "&Yes", false); },
+        [&] { answer(false, "&No", false); },
+        [&] { answer(true, "&No", true); },
+    });
+    EXPECT_EQ(game.content("a"), "new");
+    for (const auto* name : {"b", "c", "d", "e"})
+        EXPECT_EQ(game.content(name), "game");
+    EXPECT_TRUE(started.empty());
+}
+
+TEST_F(WindowTest, menu_items_show_the_checks_that_the_logic_sets) {
+    run({
+        [this] {
+            auto* enable = find<QWidget>("frmMain")->findChild<QAction*>("mnuMMenable");
+            auto* small = find<QWidget>("frmMain")->findChild<QAction*>("mnuMMsmall");
+            EXPECT_EQ(enable->shortcut(), QKeySequence("Ctrl+M"));
+            EXPECT_FALSE(small->isEnabled());
+            enable->trigger();
+        },
+        [this] {
+            EXPECT_TRUE(find<QWidget>("frmMain")->findChild<QAction*>("mnuMMenable")->isChecked());
+            auto* small = find<QWidget>("frmMain")->findChild<QAction*>("mnuMMsmall");
+            EXPECT_TRUE(small->isEnabled());
+            EXPECT_FALSE(small->isChecked());
+            find<QWidget>("frmMain")->findChild<QAction*>("mnuFExitVXL")->trigger();
+        },
+    });
+}
+
+TEST_F(WindowTest, every_control_has_its_widget_by_its_name) {
+    run({[this] {
+        for (const auto* control : window->controls()) {
+            const auto name = QString::fromStdString(control->name());
+            auto* main = find<QWidget>("frmMain");
+            EXPECT_TRUE(main->findChild<QObject*>(name) != nullptr) << control->name();
+        }
+        find<QWidget>("frmMain")->close();
+    }});
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
