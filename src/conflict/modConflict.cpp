@@ -70,6 +70,8 @@ void modConflict::extractEntry(int handle, const std::string& name, const std::s
     if (name.starts_with('.') || name.find("\\.") != std::string::npos)
         return;
     const bool inFolder = name.size() > folder.size() && name[folder.size()] == '\\';
+    if (inFolder && takeOver && takeOver(handle, name))
+        return;
     if (inFolder || !main_.DoesFileExist(destination))
         archives_.HPIExtractFile(handle, name, destination);
 }

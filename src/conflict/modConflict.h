@@ -42,6 +42,10 @@ class modConflict {
 
     menumod::modHPIUtil& archives() { return archives_; }
 
+    /// Asked before an entry is written to a file in the folder that is extracted; true if the
+    /// entry has been taken over. `name` is relative to the folder's parent.
+    std::function<bool(int handle, const std::string& name)> takeOver;
+
     /// Extracts the entries whose path begins with `folder` and ends in `extension`, both in lower
     /// case, to the folder `dest` of the game directory, or of the data tree with `underTree`.
     /// Passes over every failure.

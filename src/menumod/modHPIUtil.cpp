@@ -60,6 +60,23 @@ bool modHPIUtil::HPIExtractFile(int handle, const std::string& name,
     });
 }
 
+std::optional<std::string> modHPIUtil::HPIReadFile(int handle, const std::string& name,
+                                                   std::size_t most) const {
+    const auto* open = find(handle);
+    std::size_t entry = 0;
+    if (open == nullptr || !findEntry(*open, name, entry))
+        return std::nullopt;
+    std::string content;
+    const bool isWhole = platform::attempt([&] {
+        open->archive->extract(entry, [&](std::string_view piece) {
+            if (piece.size() > most - content.size())
+                throw platform::Failure("read", name, "it is too large");
+            content += piece;
+        });
+    });
+    return isWhole ? std::optional(std::move(content)) : std::nullopt;
+}
+
 void modHPIUtil::HPIClose(int handle) {
     open_.erase(handle);
 }

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/archive.h"
@@ -27,6 +28,11 @@ class modHPIUtil {
     /// replaced; a folder that is missing is not made. An entry that cannot be trusted leaves all
     /// as it was. False where nothing was written.
     bool HPIExtractFile(int handle, const std::string& name, const std::string& destination);
+
+    /// The content of an entry; nothing for one that cannot be trusted or has more than `most`
+    /// bytes.
+    std::optional<std::string> HPIReadFile(int handle, const std::string& name,
+                                           std::size_t most) const;
 
     void HPIClose(int handle);
 

@@ -2,6 +2,7 @@
 // merged and written back as one generated download TDF for each unit.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 
@@ -23,11 +24,26 @@ class modTrlx {
     const std::optional<std::string>& unitLeadingOut() const { return unitLeadingOut_; }
 
   private:
+    /// A file of `guis` or `download` that has been extracted, or is to be written. Most of them
+    /// are read once and then replaced, so their content is held in memory and only what is to stay
+    /// is written. A large one lies on the disk.
+    struct Extracted {
+        std::string path;
+        std::optional<std::string> content; ///< nothing for one that lies on the disk
+    };
+    /// By folded name, which is the order of a listing.
+    using ExtractedFiles = std::map<std::string, Extracted>;
+
     void showStage(const std::string& text);
     bool foldersAreFree();
     void extractData();
+    bool holdInMemory(modHPIUtil& archives, int handle, const std::string& name);
+    void addThoseOnDisk(ExtractedFiles& files, const std::string& folder);
+    std::string contentOf(const Extracted& file);
     void readGuiPages(bool small);
     void readDownloads();
+    void putOutOfAction();
+    void mergeMenus(bool small);
     void writeMenuList(const std::string& fileName);
     void writeDownloads(bool small);
     void copyDataFiles(bool small);
@@ -38,6 +54,9 @@ class modTrlx {
     platform::Disk& disk_;
     bool compressMenus_;
     MenuTable menus_;
+    ExtractedFiles pages_;
+    ExtractedFiles downloads_;
+    std::size_t held_ = 0;
     std::optional<std::string> unitLeadingOut_;
 };
 

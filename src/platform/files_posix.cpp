@@ -213,17 +213,22 @@ std::string readAll(int file, std::string_view path) {
         fail("read", path);
     if (!S_ISREG(found.st_mode))
         fail("read", path, EINVAL);
-    std::array<char, 65536> block{};
-    bytes.reserve(static_cast<std::size_t>(found.st_size));
+    // One byte more than there should be, so that the end shows without another block.
+    std::size_t done = 0;
+    bytes.resize(static_cast<std::size_t>(found.st_size) + 1);
     for (;;) {
-        const auto count = ::read(file, block.data(), block.size());
+        const auto count = ::read(file, bytes.data() + done, bytes.size() - done);
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
             fail("read", path);
-        if (count == 0)
+        done += static_cast<std::size_t>(count);
+        if (count == 0) {
+            bytes.resize(done);
             return bytes;
-        bytes.append(block.data(), static_cast<std::size_t>(count));
+        }
+        if (done == bytes.size())
+            bytes.resize(done * 2);
     }
 }
 
@@ -239,7 +244,10 @@ void writeAll(int file, std::string_view bytes, std::string_view path) {
 }
 
 void copyBytes(int from, int to, std::string_view path) {
-    std::vector<char> block(1U << 20U);
+    std::string block;
+    struct stat found {};
+    ::fstat(from, &found);
+    block.resize(std::clamp<std::size_t>(static_cast<std::size_t>(found.st_size), 512, 1U << 20U));
     for (;;) {
         const auto count = ::read(from, block.data(), block.size());
         if (count < 0 && errno == EINTR)
@@ -268,23 +276,26 @@ class Mapping final : public FileView {
     std::size_t size_;
 };
 
-/// A file made beside its destination, gone again unless it was put in place.
+/// A file in the making, gone again unless it was finished.
 class PartFile {
   public:
+    /// Made beside its destination.
     PartFile(Folder& folder, std::string_view path, mode_t mode = 0666)
         : folder_(folder), path_(path) {
-        static std::atomic<unsigned> number = 0;
-        do {
-            // Hidden, so that one left behind by a crash is in no listing.
-            name_ = ".vexillum-part-" + std::to_string(::getpid()) + "-" + std::to_string(++number);
-            file_ =
-                Descriptor(::openat(folder.handle(), name_.c_str(),
-                                    O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
-        } while (!file_ && errno == EEXIST);
-        if (!file_) {
-            name_.clear();
+        makeBeside(mode);
+    }
+    /// Made in its destination where that is free, else beside it. A folder there is a failure.
+    PartFile(Folder& folder, const std::string& leaf, std::string_view path, mode_t mode)
+        : folder_(folder), path_(path) {
+        if (make(leaf, mode))
+            return;
+        struct stat found {};
+        if (errno != EEXIST)
             fail("write", path);
-        }
+        if (::fstatat(folder.handle(), leaf.c_str(), &found, AT_SYMLINK_NOFOLLOW) == 0 &&
+            S_ISDIR(found.st_mode))
+            fail("write", path, EISDIR);
+        makeBeside(mode);
     }
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
@@ -300,8 +311,10 @@ class PartFile {
             fail("write", path_);
     }
 
+    /// Finishes the file: it takes the place of an older one.
     void replace(const std::string& leaf) {
-        if (::renameat(folder_.handle(), name_.c_str(), folder_.handle(), leaf.c_str()) != 0)
+        if (name_ != leaf &&
+            ::renameat(folder_.handle(), name_.c_str(), folder_.handle(), leaf.c_str()) != 0)
             fail("write", path_);
         name_.clear();
     }
@@ -315,6 +328,23 @@ class PartFile {
     }
 
   private:
+    bool make(const std::string& name, mode_t mode) {
+        file_ = Descriptor(::openat(folder_.handle(), name.c_str(),
+                                    O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
+        if (file_)
+            name_ = name;
+        return static_cast<bool>(file_);
+    }
+
+    void makeBeside(mode_t mode) {
+        static std::atomic<unsigned> number = 0;
+        // Hidden, so that one left behind by a crash is in no listing.
+        while (!make(
+            ".vexillum-part-" + std::to_string(::getpid()) + "-" + std::to_string(++number), mode))
+            if (errno != EEXIST)
+                fail("write", path_);
+    }
+
     Folder& folder_;
     std::string name_;
     std::string_view path_;
@@ -391,9 +421,7 @@ class PosixDisk final : public Disk {
                      const std::function<void(const PieceSink&)>& produce) override {
         const auto spot = spotToChange(path, "write");
         const auto leaf = spot.folder->spelling(spot.leaf).value_or(spot.leaf);
-        if (kindIn(*spot.folder, leaf, true) == EntryKind::folder)
-            fail("write", path, EISDIR);
-        PartFile part(*spot.folder, path);
+        PartFile part(*spot.folder, leaf, path, 0666);
         produce([&](std::string_view piece) { writeAll(part.handle(), piece, path); });
         part.replace(leaf);
         spot.folder->noteAdded(leaf);
@@ -499,9 +527,7 @@ class PosixDisk final : public Disk {
         NewFolders made;
         const auto folder = open(target, target.parts.size() - 1, &made);
         const auto leaf = folder->spelling(target.parts.back()).value_or(target.parts.back());
-        if (kindIn(*folder, leaf, true) == EntryKind::folder)
-            fail("copy", to, EISDIR);
-        PartFile part(*folder, to, found.st_mode & 0777U);
+        PartFile part(*folder, leaf, to, found.st_mode & 0777U);
         copyBytes(source.get(), part.handle(), from);
         const std::array<timespec, 2> times{found.st_atim, found.st_mtim};
         ::futimens(part.handle(), times.data());

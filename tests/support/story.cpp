@@ -2,7 +2,8 @@
 //   #: file PATH = TEXT      a file of the game directory; \n in TEXT is a line end (CR LF), \t a
 //   tab
 //   #: folder PATH, #: remove PATH
-//   #: pack ARCHIVE ENTRY = TEXT    adds an entry to an archive of the game directory
+//   #: pack ARCHIVE ENTRY [*N] = TEXT    adds an entry, TEXT N times, to an archive
+//   #: spoil PATH            the last byte of a file is another
 //   #: start [COMMAND LINE]  a session with the script lines up to the next "#:" line
 //   #: cut N                 with the session before it: the power goes before the N-th change
 //   #> EVENT                 what the user sees; "..." stands for any text
@@ -158,6 +159,8 @@ class Story {
             game_.makeFolder(rest);
         else if (word == "pack")
             pack(rest, text);
+        else if (word == "spoil")
+            spoil(rest);
         else if (word == "same")
             checkSame(rest);
         else if (word == "remove")
@@ -177,8 +180,21 @@ class Story {
     void pack(const std::string& names, const std::string& text) {
         const auto blank = names.find(' ');
         const auto archive = names.substr(0, blank);
-        packed_[archive].emplace_back(names.substr(blank + 1), text);
+        auto entry = names.substr(blank + 1);
+        std::string content = text;
+        if (const auto star = entry.find(" *"); star != std::string::npos) {
+            for (int more = std::stoi(entry.substr(star + 2)); more > 1; --more)
+                content += text;
+            entry.resize(star);
+        }
+        packed_[archive].emplace_back(entry, content);
         game_.put(archive, packArchive(packed_[archive], {Packing::lz77, true, 0x7D}));
+    }
+
+    void spoil(const std::string& path) {
+        auto bytes = game_.content(path).value();
+        bytes.back() = static_cast<char>(bytes.back() ^ 1);
+        game_.put(path, bytes);
     }
 
     void checkSame(const std::string& names) {
