@@ -1,5 +1,6 @@
 // The list of each tab, filled from the folder names read at start, with the selection put back.
 #include <array>
+#include <unordered_map>
 
 #include "engine/frmMain.h"
 #include "platform/text.h"
@@ -59,16 +60,24 @@ std::string missingMessage(const std::string& name, const ManyTexts& texts) {
            " before adding or removing any.";
 }
 
-/// What stands behind the prefix in the name of a release's folder; false for another type's.
-bool cutPrefix(std::string_view& folder, ReleaseType type) {
-    const auto prefix = std::string(namesOf(type).shortName) + "-";
-    if (!platform::equalIgnoringCase(folder.substr(0, prefix.size()), prefix))
-        return false;
-    folder.remove_prefix(prefix.size());
-    return true;
-}
-
 } // namespace
+
+void frmMain::fillList() {
+    switch (currentType().type) {
+    case ReleaseType::ai:
+        return doAIlist();
+    case ReleaseType::race:
+        return doRacelist();
+    case ReleaseType::mod:
+        return doModlist();
+    case ReleaseType::map:
+        return doMaplist();
+    case ReleaseType::unit:
+        return doUnitlist();
+    default:
+        return doTClist();
+    }
+}
 
 void frmMain::doTClist() {
     listSingle(ReleaseType::tc, selTC);
@@ -138,8 +147,9 @@ void frmMain::listMany(ReleaseType type) {
     for (std::string_view folder : storeFolders.entries()) {
         if (!cutPrefix(folder, type))
             continue;
-        if (namesOf(type).hasLooseFolder && platform::equalIgnoringCase(folder, "misc"))
-            addLooseFiles(type);
+        if (isLooseFolder(folder, type))
+            for (const auto& file : looseFiles(type))
+                lstList.add(file);
         else
             lstList.add(displayForm(folder));
     }
@@ -151,20 +161,26 @@ void frmMain::listMany(ReleaseType type) {
     cmdRemove.setEnabled(false);
 }
 
-void frmMain::addLooseFiles(ReleaseType type) {
+std::vector<std::string> frmMain::looseFiles(ReleaseType type) {
     StringArray files;
     fileArray(files, inDataTree(std::string(namesOf(type).shortName) + "-Misc"));
+    std::vector<std::string> releases;
     for (const auto& file : files.entries())
         if (!platform::endsWithIgnoringCase(file, ".txt"))
-            lstList.add(file);
+            releases.push_back(file);
+    return releases;
 }
 
 void frmMain::restoreMarks(ReleaseType type) {
     auto& selected = selectionOf(type);
     MessageRow missing;
+    std::unordered_map<std::string_view, int> indexOf;
+    for (int i = 0; i < lstList.count(); ++i)
+        indexOf.emplace(lstList.itemText(i), i);
     fillingList = true;
     for (int i = 1; i <= selected.upperBound(); ++i) {
-        curListIndex = listFind(lstList, selected[i]);
+        const auto found = indexOf.find(selected[i]);
+        curListIndex = found == indexOf.end() ? -1 : found->second;
         if (curListIndex >= 0) {
             lstList.setMarked(curListIndex, true);
             continue;

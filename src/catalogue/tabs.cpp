@@ -1,16 +1,12 @@
 // Tabs and clicks in the list: how the one TC and the one AI stay single, the others multiple, and
 // how the summary boxes follow.
-#include <algorithm>
-
 #include "engine/frmMain.h"
 #include "platform/text.h"
 
 namespace engine {
 
 const ReleaseTypeNames& frmMain::currentType() const {
-    return *std::find_if(releaseTypes.begin(), releaseTypes.end(), [this](const auto& names) {
-        return names.tabCaption == tspMain.caption();
-    });
+    return namesOfTab(tspMain.caption());
 }
 
 std::string frmMain::getShortSelType() const {
@@ -31,20 +27,8 @@ void frmMain::tspMain_Click() {
     cmdHelp.setText("Help with " + shortType + "s");
     cmdRemove.setText("Remove This " + shortType);
     cmdAdd.setText("Add A New " + shortType);
-    switch (currentType().type) {
-    case ReleaseType::ai:
-        return doAIlist();
-    case ReleaseType::race:
-        return doRacelist();
-    case ReleaseType::mod:
-        return doModlist();
-    case ReleaseType::map:
-        return doMaplist();
-    case ReleaseType::unit:
-        return doUnitlist();
-    default:
-        return doTClist();
-    }
+    fillList();
+    showBadges();
 }
 
 void frmMain::revertSels(bool refreshList) {
@@ -70,6 +54,7 @@ void frmMain::lstList_Click() {
     pickListItem(lstList.index());
     const auto& text = lstList.itemText(lstList.index());
     cmdRemove.setEnabled(text != defaultAI && text != defaultTC);
+    showBadges();
 }
 
 void frmMain::pickListItem(int itemIndex) {

@@ -182,10 +182,17 @@ class frmMain : public platform::Window {
     const ReleaseTypeNames& currentType() const;
     void markOnly(int index);
 
+    // catalogue/badges.cpp
+    void countReleases();
+    void showBadges();
+    int releasesOf(ReleaseType type);
+    int marksOf(ReleaseType type);
+
     // catalogue/lists.cpp
+    void fillList();
     void listSingle(ReleaseType type, const std::string& selected);
     void listMany(ReleaseType type);
-    void addLooseFiles(ReleaseType type);
+    std::vector<std::string> looseFiles(ReleaseType type);
     void restoreMarks(ReleaseType type);
     StringArray& selectionOf(ReleaseType type);
     platform::TextBox& summaryOf(ReleaseType type);
@@ -255,6 +262,8 @@ class frmMain : public platform::Window {
     StringArray relCCodes;
     StringArray storeFolders;
     bool fillingList = false;
+    /// How many releases each tab lists, in the order of the tabs.
+    std::vector<int> releaseCounts_ = std::vector<int>(tspMain.captions().size());
 
     utilities::frmShowReadme showReadme_;
     std::unique_ptr<utilities::frmWorking> working_;

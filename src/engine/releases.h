@@ -30,6 +30,7 @@ inline constexpr std::array<ReleaseTypeNames, 6> releaseTypes = {{
 }};
 
 const ReleaseTypeNames& namesOf(ReleaseType type);
+const ReleaseTypeNames& namesOfTab(std::string_view caption);
 
 /// The release types that stand for the game as it came.
 inline constexpr std::string_view defaultTC = "Cavedog TA";
@@ -37,6 +38,12 @@ inline constexpr std::string_view defaultAI = "Cavedog AI";
 
 /// The folder of the data tree, below the game directory.
 inline constexpr std::string_view dataTree = "Vexillum";
+
+/// Cuts the prefix off the name of a release's folder; false, with nothing changed, for another
+/// type's.
+bool cutPrefix(std::string_view& folder, ReleaseType type);
+/// Whether what stands behind the prefix is the folder of loose releases.
+bool isLooseFolder(std::string_view name, ReleaseType type);
 
 /// A display name may hold "/", which stands as "~" in the folder's name.
 std::string folderForm(std::string_view displayName);

@@ -19,6 +19,7 @@ void frmMain::Form_Load() {
     toolkit().doEvents();
     platform::attempt([this] { Init(); });
     platform::attempt([this] { tspMain_Click(); });
+    platform::attempt([this] { countReleases(); });
 }
 
 /// Lets every failure up to the reset pass: then nothing is reset, and the game directory stays as

@@ -79,7 +79,12 @@ void MarkList::click(int index) {
 }
 
 TabStrip::TabStrip(Window& owner, std::string name, std::vector<std::string> captions)
-    : Control(owner, std::move(name)), captions_(std::move(captions)) {}
+    : Control(owner, std::move(name)), captions_(std::move(captions)), badges_(captions_.size()) {}
+
+void TabStrip::setBadge(int index, Badge badge) {
+    badges_[static_cast<std::size_t>(index)] = badge;
+    changed();
+}
 
 void TabStrip::click(int index) {
     if (index < 0 || index >= static_cast<int>(captions_.size()))

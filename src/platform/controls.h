@@ -163,10 +163,19 @@ class TabStrip : public Control {
     const std::string& caption() const { return captions_[static_cast<std::size_t>(index_)]; }
     void click(int index);
 
+    /// Figures that stand beside the caption of a tab.
+    struct Badge {
+        int marked = 0;
+        int all = 0;
+    };
+    const std::vector<Badge>& badges() const { return badges_; }
+    void setBadge(int index, Badge badge);
+
     std::function<void()> onClick;
 
   private:
     std::vector<std::string> captions_;
+    std::vector<Badge> badges_;
     int index_ = 0;
 };
 

@@ -2,13 +2,19 @@
 // current setup with the launch button along the bottom.
 #include "views/main_view.h"
 
+#include <utility>
+
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+#include "views/mark_list_view.h"
 
 namespace views {
 namespace {
@@ -23,6 +29,38 @@ Box* tight(QWidget* parent = nullptr) {
     box->setSpacing(gap);
     return box;
 }
+
+/// Escape gives up the filter, Down and Enter go on in the list.
+class FilterEdit final : public QLineEdit {
+  public:
+    FilterEdit(QListView* list, QWidget* parent) : QLineEdit(parent), list_(list) {
+        setObjectName("filter");
+        setPlaceholderText("Filter (Ctrl+L)");
+        setAccessibleName("Filter");
+        setClearButtonEnabled(true);
+    }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        switch (event->key()) {
+        case Qt::Key_Escape:
+            clear();
+            return;
+        case Qt::Key_Down:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            list_->setFocus(Qt::OtherFocusReason);
+            if (!list_->currentIndex().isValid())
+                list_->setCurrentIndex(list_->model()->index(0, 0));
+            return;
+        default:
+            QLineEdit::keyPressEvent(event);
+        }
+    }
+
+  private:
+    QListView* list_;
+};
 
 } // namespace
 
@@ -54,6 +92,7 @@ MainView::MainView(engine::frmMain& main, QtToolkit& toolkit)
                    &main_.txtSelTC,   &main_.txtSelAI,    &main_.txtSelRaces, &main_.txtSelMods,
                    &main_.txtSelMaps, &main_.txtSelUnits, &main_.cmdRevert,   &main_.cmdClean,
                    &main_.cmdGo});
+    setTabOrder(findChild<QWidget*>("tspMain"), findChild<QWidget*>("filter"));
     resize(920, 680);
 }
 
@@ -103,10 +142,30 @@ QWidget* MainView::listSide() {
     auto* list = markList(main_.lstList);
     list->setMinimumWidth(220);
     list->setAccessibleName("Releases");
+    list->setPlaceholders("There are no releases of this type yet.",
+                          "No release here has this in its name.");
     column->addWidget(label(main_.lblList, true));
+    column->addWidget(filterOf(list));
     column->addWidget(list, 1);
     column->addWidget(link(main_.lblRename), 0, Qt::AlignLeft);
     return side;
+}
+
+/// Hides rows and changes nothing else: marks stay, and the logic sees all items.
+QLineEdit* MainView::filterOf(MarkListView* list) {
+    auto* filter = new FilterEdit(list, this);
+    connect(filter, &QLineEdit::textChanged, list, &MarkListView::setFilter);
+    // Another tab shows all of its releases at first.
+    list->onRefilled = [this, filter, tab = main_.tspMain.index()]() mutable {
+        if (std::exchange(tab, main_.tspMain.index()) != tab)
+            filter->clear();
+    };
+    auto* shortcut = new QShortcut(QKeySequence("Ctrl+L"), this);
+    connect(shortcut, &QShortcut::activated, filter, [filter] {
+        filter->setFocus(Qt::ShortcutFocusReason);
+        filter->selectAll();
+    });
+    return filter;
 }
 
 QWidget* MainView::infoSide() {

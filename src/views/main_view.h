@@ -18,6 +18,7 @@ class MainView final : public WindowView {
   private:
     QMenuBar* menuBar();
     QWidget* listSide();
+    QLineEdit* filterOf(MarkListView* list);
     QWidget* infoSide();
     QWidget* setupFrame();
     void setTabOrderOf(std::initializer_list<platform::Control*> controls);

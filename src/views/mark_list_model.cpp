@@ -9,7 +9,7 @@ MarkListModel::MarkListModel(const platform::MarkList& list, QObject* parent)
     : QAbstractListModel(parent), list_(list) {}
 
 int MarkListModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : rows_;
+    return parent.isValid() ? 0 : static_cast<int>(marks_.size());
 }
 
 QVariant MarkListModel::data(const QModelIndex& index, int role) const {
@@ -17,7 +17,6 @@ QVariant MarkListModel::data(const QModelIndex& index, int role) const {
         return {};
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
         return shown(list_.itemText(index.row()));
     case Qt::CheckStateRole:
         return list_.marked(index.row()) ? Qt::Checked : Qt::Unchecked;
@@ -28,15 +27,26 @@ QVariant MarkListModel::data(const QModelIndex& index, int role) const {
 
 bool MarkListModel::follow() {
     if (revision_ == list_.revision()) {
-        if (rows_ > 0)
-            Q_EMIT dataChanged(index(0), index(rows_ - 1), {Qt::CheckStateRole});
+        followMarks();
         return false;
     }
     beginResetModel();
-    rows_ = list_.count();
+    marks_.clear();
+    for (const auto& item : list_.items())
+        marks_.push_back(item.marked);
     revision_ = list_.revision();
     endResetModel();
     return true;
+}
+
+void MarkListModel::followMarks() {
+    for (int row = 0; row < rowCount(); ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        if (marks_[at] == list_.marked(row))
+            continue;
+        marks_[at] = list_.marked(row);
+        Q_EMIT dataChanged(index(row), index(row), {Qt::CheckStateRole});
+    }
 }
 
 } // namespace views

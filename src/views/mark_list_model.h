@@ -1,6 +1,8 @@
 // The list of the catalogue as Qt's item views want it: nothing is copied, rows are read on demand.
 #pragma once
 
+#include <vector>
+
 #include <QAbstractListModel>
 
 #include "platform/controls.h"
@@ -20,8 +22,10 @@ class MarkListModel final : public QAbstractListModel {
     bool follow();
 
   private:
+    void followMarks();
+
     const platform::MarkList& list_;
-    int rows_ = 0;
+    std::vector<bool> marks_; ///< as they were shown last
     unsigned revision_ = 0;
 };
 

@@ -4,35 +4,16 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTextCursor>
 #include <QTimer>
 
-#include "views/mark_list_model.h"
+#include "views/cut_text_tip.h"
+#include "views/mark_list_view.h"
 #include "views/qt_toolkit.h"
 
 namespace views {
 namespace {
-
-/// Space does what a click does; all other keys are the list's own.
-class SpaceKey final : public QObject {
-  public:
-    SpaceKey(QListView* list, std::function<void(int)> click)
-        : QObject(list), list_(list), click_(std::move(click)) {}
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::KeyPress &&
-            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space &&
-            list_->currentIndex().isValid()) {
-            click_(list_->currentIndex().row());
-            return true;
-        }
-        return QObject::eventFilter(watched, event);
-    }
-
-  private:
-    QListView* list_;
-    std::function<void(int)> click_;
-};
 
 /// Shows the part of a text that has come since the last time, or all of a text that is another.
 class TextFollower {
@@ -61,6 +42,26 @@ class TextFollower {
     unsigned revision_ = 0;
     std::size_t shown_ = 0;
 };
+
+void showBadge(QTabBar& tabs, int tab, const platform::TabStrip::Badge& badge) {
+    auto* label = static_cast<QLabel*>(tabs.tabButton(tab, QTabBar::RightSide));
+    const auto text = badge.marked == 0
+                          ? QString::number(badge.all)
+                          : QString::number(badge.marked) + " / " + QString::number(badge.all);
+    if (text == label->text())
+        return;
+    label->setText(text);
+    label->setProperty("some", badge.marked > 0);
+    label->style()->unpolish(label);
+    label->style()->polish(label);
+    label->setAccessibleName(tabs.tabText(tab) + ": " + QString::number(badge.marked) + " of " +
+                             QString::number(badge.all) + " marked");
+    tabs.setTabToolTip(tab, label->accessibleName());
+    label->adjustSize();
+    label->show();
+    // Has the strip measure the tab anew.
+    tabs.setTabText(tab, tabs.tabText(tab));
+}
 
 } // namespace
 
@@ -98,10 +99,8 @@ QLabel* WindowView::label(platform::Label& control, bool heading) {
     // A long release name must not set the width of the window.
     widget->setSizePolicy(heading ? QSizePolicy::Ignored : QSizePolicy::Preferred,
                           QSizePolicy::Fixed);
-    bind(control, widget, [&control, widget] {
-        widget->setText(shown(control.text()));
-        widget->setToolTip(widget->text());
-    });
+    tipWhereCut(widget);
+    bind(control, widget, [&control, widget] { widget->setText(shown(control.text())); });
     return widget;
 }
 
@@ -121,6 +120,7 @@ QPushButton* WindowView::link(platform::Label& control) {
 QPushButton* WindowView::button(platform::Button& control) {
     auto* widget = new QPushButton(this);
     widget->setAutoDefault(false);
+    tipWhereCut(widget);
     bind(control, widget, [&control, widget] {
         widget->setText(shown(control.text()).replace("&", "&&"));
         widget->setAccessibleName(shown(control.text()).replace("\n", " "));
@@ -135,6 +135,7 @@ QPushButton* WindowView::button(platform::Button& control) {
 QLineEdit* WindowView::lineEdit(platform::TextBox& control) {
     auto* widget = new QLineEdit(this);
     widget->setReadOnly(control.readOnly());
+    tipWhereCut(widget);
     bind(control, widget, [&control, widget] {
         if (const auto text = shown(control.text()); widget->text() != text) {
             widget->setText(text);
@@ -161,43 +162,38 @@ QTabBar* WindowView::tabBar(platform::TabStrip& control) {
     widget->setExpanding(false);
     widget->setDrawBase(false);
     widget->setUsesScrollButtons(true);
-    for (const auto& caption : control.captions())
-        widget->addTab(shown(caption));
+    for (const auto& caption : control.captions()) {
+        auto* badge = new QLabel(widget);
+        badge->setProperty("badge", true);
+        badge->hide();
+        widget->setTabButton(widget->addTab(shown(caption)), QTabBar::RightSide, badge);
+    }
     bind(control, widget, [&control, widget] {
         const QSignalBlocker quiet(widget);
         widget->setCurrentIndex(control.index());
+        for (int tab = 0; tab < widget->count(); ++tab)
+            showBadge(*widget, tab, control.badges()[static_cast<std::size_t>(tab)]);
     });
     // A click on the current tab counts too, so the change alone is not what is listened to.
     connect(widget, &QTabBar::tabBarClicked, this, [this, &control](int index) {
         post(control, [&control, index] { control.click(index); });
     });
-    connect(widget, &QTabBar::currentChanged, this, [this, &control, widget](int index) {
-        if (widget->hasFocus() && index != control.index())
-            post(control, [&control, index] {
-                if (index != control.index())
-                    control.click(index);
-            });
+    // Keys, the wheel and screen readers change it without a click.
+    connect(widget, &QTabBar::currentChanged, this, [this, &control](int index) {
+        post(control, [&control, index] {
+            if (index != control.index())
+                control.click(index);
+        });
     });
     return widget;
 }
 
-QListView* WindowView::markList(platform::MarkList& control) {
-    auto* widget = new QListView(this);
-    auto* model = new MarkListModel(control, widget);
-    widget->setModel(model);
-    widget->setUniformItemSizes(true);
-    widget->setTextElideMode(Qt::ElideRight);
-    widget->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    bind(control, widget, [widget, model] {
-        if (model->follow())
-            widget->scrollToTop();
-    });
-    const auto click = [this, &control](int row) {
-        post(control, [&control, row] { control.click(row); });
+MarkListView* WindowView::markList(platform::MarkList& control) {
+    const auto click = [this, &control](int item) {
+        post(control, [&control, item] { control.click(item); });
     };
-    connect(widget, &QListView::clicked, this,
-            [click](const QModelIndex& index) { click(index.row()); });
-    widget->installEventFilter(new SpaceKey(widget, click));
+    auto* widget = new MarkListView(control, click, this);
+    bind(control, widget, [widget] { widget->follow(); });
     return widget;
 }
 
@@ -214,10 +210,13 @@ void WindowView::timer(platform::Timer& control) {
     });
 }
 
-/// Enter presses the default button, Escape closes what is no main window, as in every dialog.
+/// Enter presses the button that has the focus, or else the default button. Escape closes what is
+/// no main window, as in every dialog.
 void WindowView::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && window_.defaultButton != nullptr && window_.defaultButton->onClick)
+    if (auto* focused = qobject_cast<QPushButton*>(focusWidget()); isEnter && focused != nullptr)
+        focused->click();
+    else if (isEnter && window_.defaultButton != nullptr && window_.defaultButton->onClick)
         post(*window_.defaultButton, window_.defaultButton->onClick);
     else if (event->key() == Qt::Key_Escape && parentWidget() != nullptr && window_.onClose)
         toolkit_.post(window_, nullptr, window_.onClose);

@@ -7,7 +7,6 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
@@ -18,6 +17,7 @@
 
 namespace views {
 
+class MarkListView;
 class QtToolkit;
 
 /// One window of the logic on the screen. Makes a widget for each control, named as the control is,
@@ -35,7 +35,7 @@ class WindowView : public QWidget {
     QLineEdit* lineEdit(platform::TextBox& control);
     QPlainTextEdit* textEdit(platform::TextBox& control);
     QTabBar* tabBar(platform::TabStrip& control);
-    QListView* markList(platform::MarkList& control);
+    MarkListView* markList(platform::MarkList& control);
     void timer(platform::Timer& control);
 
     /// Ties a widget's text, state and visibility to a control's.

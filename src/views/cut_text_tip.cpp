@@ -1,0 +1,67 @@
+// One filter serves all widgets: it measures when the mouse rests over one.
+#include "views/cut_text_tip.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStyleOption>
+#include <QToolTip>
+
+namespace views {
+namespace {
+
+/// Around the text of a line edit, which Qt tells nobody.
+constexpr int lineEditMargins = 4;
+
+struct ShownText {
+    QString text;
+    int room = 0;
+};
+
+ShownText textOf(QWidget* widget) {
+    if (const auto* label = qobject_cast<QLabel*>(widget))
+        return {label->text(), label->contentsRect().width()};
+    if (const auto* edit = qobject_cast<QLineEdit*>(widget)) {
+        QStyleOptionFrame option;
+        option.initFrom(edit);
+        const auto inner =
+            edit->style()->subElementRect(QStyle::SE_LineEditContents, &option, edit);
+        return {edit->text(), inner.width() - lineEditMargins};
+    }
+    if (const auto* button = qobject_cast<QPushButton*>(widget)) {
+        QStyleOptionButton option;
+        option.initFrom(button);
+        const auto inner =
+            button->style()->subElementRect(QStyle::SE_PushButtonContents, &option, button);
+        return {QString(button->text()).replace("&&", "&"), inner.width()};
+    }
+    return {};
+}
+
+class CutTextTip final : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::ToolTip)
+            return false;
+        auto* widget = qobject_cast<QWidget*>(watched);
+        const auto [text, room] = textOf(widget);
+        const auto size = widget->fontMetrics().size(Qt::TextExpandTabs, text);
+        if (size.width() > room)
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text, widget);
+        else
+            QToolTip::hideText();
+        return true;
+    }
+};
+
+} // namespace
+
+void tipWhereCut(QWidget* widget) {
+    widget->installEventFilter(new CutTextTip(widget));
+}
+
+} // namespace views
