@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QShortcut>
 #include <QSplitter>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "views/mark_list_view.h"
@@ -38,6 +39,8 @@ class FilterEdit final : public QLineEdit {
         setPlaceholderText("Filter (Ctrl+L)");
         setAccessibleName("Filter");
         setClearButtonEnabled(true);
+        if (auto* clearButton = findChild<QToolButton*>())
+            clearButton->setAccessibleName("Clear the filter");
     }
 
   protected:
@@ -81,6 +84,9 @@ MainView::MainView(engine::frmMain& main, QtToolkit& toolkit)
     sides->setChildrenCollapsible(false);
     sides->addWidget(listSide());
     sides->addWidget(infoSide());
+    // The splitter has put the second one below the first, which is where screen readers begin.
+    sides->widget(0)->lower();
+    sides->handle(1)->setAccessibleName("Divider");
     sides->setStretchFactor(0, 2);
     sides->setStretchFactor(1, 3);
     content->addWidget(sides, 1);
@@ -108,6 +114,7 @@ void MainView::setTabOrderOf(std::initializer_list<platform::Control*> controls)
 
 QMenuBar* MainView::menuBar() {
     auto* bar = new QMenuBar(this);
+    bar->setAccessibleName("Menus");
     std::map<const platform::Menu*, QMenu*> menus;
     for (auto* control : main_.controls()) {
         if (const auto* menu = dynamic_cast<platform::Menu*>(control)) {

@@ -118,7 +118,7 @@ QTabBar::tab:selected { color: @text; font-weight: 600; border-bottom: 3px solid
 QTabBar:focus { outline: none; }
 QTabBar::tab:selected:focus { background: @hover; }
 QLabel[badge="true"] { background: @hover; color: @faint; border-radius: 7px; padding: 1px 7px;
-                       font-size: 8pt; font-weight: 600; }
+                       font-size: 8pt; font-weight: 600; margin-right: 6px; }
 QLabel[badge="true"][some="true"] { background: @accent; color: @onAccent; }
 QGroupBox { border: 1px solid @border; border-radius: 8px; margin-top: 0.7em; padding: 12px;
             font-weight: 600; }

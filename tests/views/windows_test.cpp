@@ -174,6 +174,108 @@ TEST_F(WindowTest, menu_items_show_the_checks_that_the_logic_sets) {
     });
 }
 
+/// The rows that a person sees.
+QStringList rowsOf(const QListView& list) {
+    QStringList rows;
+    for (int row = 0; row < list.model()->rowCount(); ++row)
+        rows << list.model()->index(row, 0).data().toString();
+    return rows;
+}
+
+QString badgeOf(int tab) {
+    return qobject_cast<QLabel*>(find<QTabBar>("tspMain")->tabButton(tab, QTabBar::RightSide))
+        ->text();
+}
+
+TEST_F(WindowTest, the_filter_hides_rows_and_changes_no_mark) {
+    for (const auto* map : {"Ashap", "Great Divide", "Greenhaven", "Twin Lakes"})
+        game.makeFolder(std::string("Vexillum/Map-") + map);
+    auto* const& main = window;
+    run({
+        [] { chooseTab(4); },
+        [] { clickRow(0); },
+        [] {
+            find<QLineEdit>("filter")->setText("GRE");
+            EXPECT_EQ(rowsOf(*find<QListView>("lstList")),
+                      QStringList({"Great Divide", "Greenhaven"}));
+            key(find<QLineEdit>("filter"), Qt::Key_Return);
+            auto* list = find<QListView>("lstList");
+            EXPECT_EQ(list->currentIndex().row(), 0) << "Enter goes on in the list";
+            key(list, Qt::Key_Down);
+            key(list, Qt::Key_Space, " ");
+        },
+        [&main] {
+            EXPECT_EQ(main->lstList.count(), 4);
+            EXPECT_TRUE(main->lstList.marked(0)) << "a hidden mark stays";
+            EXPECT_TRUE(main->lstList.marked(2)) << "Space marks the item of the row";
+            find<QLineEdit>("filter")->setText("nothing like it");
+            EXPECT_EQ(find<QListView>("lstList")->model()->rowCount(), 0);
+            key(find<QLineEdit>("filter"), Qt::Key_Escape);
+            EXPECT_EQ(find<QListView>("lstList")->model()->rowCount(), 4);
+            auto* list = find<QListView>("lstList");
+            list->keyboardSearch("tw");
+            EXPECT_EQ(list->currentIndex().data().toString(), "Twin Lakes");
+            find<QLineEdit>("filter")->setText("Twin");
+            chooseTab(5);
+        },
+        [] {
+            EXPECT_EQ(find<QLineEdit>("filter")->text(), "") << "another tab shows all";
+            find<QWidget>("frmMain")->close();
+        },
+    });
+    EXPECT_TRUE(started.empty());
+}
+
+TEST_F(WindowTest, badges_count_what_is_marked_and_what_there_is) {
+    game.put("Vexillum/Map-Misc/loose.ufo");
+    game.put("Vexillum/Map-Misc/loose.txt");
+    game.makeFolder("Vexillum/Map-Ashap");
+    game.makeFolder("Vexillum/Mod-Misc");
+    game.put("Vexillum/VXL-Sel/selMods.txt", "Misc\r\nGone\r\n");
+    run({
+        [] {
+            EXPECT_EQ(badgeOf(0), "1 / 1");
+            EXPECT_EQ(badgeOf(2), "0");
+            EXPECT_EQ(badgeOf(3), "1 / 1") << "a release that is gone counts no more";
+            EXPECT_EQ(badgeOf(4), "2");
+            EXPECT_EQ(find<QTabBar>("tspMain")->tabText(4), "Maps");
+            chooseTab(4);
+        },
+        [] { clickRow(1); },
+        [] {
+            EXPECT_EQ(badgeOf(4), "1 / 2");
+            find<QPushButton>("cmdRevert")->click();
+        },
+        [] {
+            EXPECT_EQ(badgeOf(4), "2");
+            EXPECT_EQ(badgeOf(3), "1");
+            find<QWidget>("frmMain")->close();
+        },
+    });
+}
+
+TEST_F(WindowTest, keys_reach_tabs_and_buttons) {
+    run({
+        [] {
+            auto* tabs = find<QTabBar>("tspMain");
+            key(tabs, Qt::Key_Right);
+        },
+        [] {
+            EXPECT_EQ(find<QLabel>("lblList")->text(), "Available AIs:");
+            find<QPushButton>("cmdHelp")->setFocus();
+            key(find<QPushButton>("cmdHelp"), Qt::Key_Return);
+        },
+        [this] {
+            ASSERT_EQ(started.size(), 1U) << "Enter presses the button that has the focus";
+            EXPECT_TRUE(QString::fromStdString(started[0]).endsWith("/VXL-Help/Index.html\""));
+            find<QListView>("lstList")->setFocus();
+            key(find<QListView>("lstList"), Qt::Key_Return);
+        },
+    });
+    ASSERT_EQ(started.size(), 2U) << "and the launch button where no button has it";
+    EXPECT_EQ(started[1], game.folder() + "/totala.exe");
+}
+
 TEST_F(WindowTest, every_control_has_its_widget_by_its_name) {
     run({[this] {
         for (const auto* control : window->controls()) {
