@@ -102,9 +102,16 @@ void QtToolkit::showModal(platform::Window& window) {
         waitForUser();
 }
 
+/// Between two boxes no window is active.
+QWidget* QtToolkit::boxParent() const {
+    if (auto* active = QApplication::activeWindow())
+        return active;
+    return mainView_ != nullptr && mainView_->isVisible() ? mainView_ : nullptr;
+}
+
 platform::MessageAnswer QtToolkit::showMessage(const platform::MessageBox& box) {
     refresher_.flush();
-    QMessageBox dialog(QApplication::activeWindow());
+    QMessageBox dialog(boxParent());
     dialog.setObjectName("messageBox");
     dialog.setWindowTitle(shown(box.title));
     dialog.setTextFormat(Qt::PlainText);
@@ -133,7 +140,7 @@ std::optional<std::string> QtToolkit::askForText(const platform::InputBox& box) 
     refresher_.flush();
     bool accepted = false;
     const auto text =
-        QInputDialog::getText(QApplication::activeWindow(), shown(box.title), shown(box.text),
+        QInputDialog::getText(boxParent(), shown(box.title), shown(box.text),
                               QLineEdit::Normal, shown(box.preset), &accepted);
     return accepted ? std::optional(entered(text)) : std::nullopt;
 }
@@ -141,7 +148,7 @@ std::optional<std::string> QtToolkit::askForText(const platform::InputBox& box) 
 std::optional<std::string> QtToolkit::askForFile(const platform::FileDialog& dialog) {
     refresher_.flush();
     const auto path =
-        QFileDialog::getOpenFileName(QApplication::activeWindow(), shown(dialog.title),
+        QFileDialog::getOpenFileName(boxParent(), shown(dialog.title),
                                      shown(dialog.folder), nameFilters(dialog.filter));
     return path.isEmpty() ? std::nullopt : std::optional(QFile::encodeName(path).toStdString());
 }

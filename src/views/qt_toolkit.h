@@ -12,6 +12,8 @@
 #include "platform/toolkit.h"
 #include "views/binding.h"
 
+class QWidget;
+
 namespace views {
 
 class WindowView;
@@ -51,6 +53,7 @@ class QtToolkit : public platform::Toolkit {
 
     WindowView* viewOf(platform::Window& window);
     void putOverOwner(WindowView& view);
+    QWidget* boxParent() const;
     void runNextAction();
     void processEvents(bool wait);
 

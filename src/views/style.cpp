@@ -8,7 +8,8 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 namespace views {
 namespace {
@@ -142,6 +143,42 @@ QString styleSheetOf(const Colours& colours) {
     return text;
 }
 
+/// Check boxes whose frame can be seen on a dark ground too.
+class Style final : public QProxyStyle {
+  public:
+    using QProxyStyle::QProxyStyle;
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        if (element == PE_IndicatorItemViewItemCheck || element == PE_IndicatorCheckBox)
+            drawCheck(*option, *painter);
+        else
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+
+  private:
+    static void drawCheck(const QStyleOption& option, QPainter& painter) {
+        const bool isChecked = (option.state & State_On) != 0;
+        const auto palette = QApplication::palette();
+        const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(isChecked ? palette.color(QPalette::Link)
+                                 : palette.color(QPalette::PlaceholderText));
+        painter.setBrush(isChecked ? palette.color(QPalette::Link) : palette.color(QPalette::Base));
+        painter.drawRoundedRect(box, 3, 3);
+        if (isChecked) {
+            painter.setPen(QPen(palette.color(QPalette::HighlightedText), box.width() / 7,
+                                Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            const auto at = [&box](double x, double y) {
+                return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+            };
+            painter.drawPolyline(QPolygonF({at(0.24, 0.53), at(0.43, 0.72), at(0.77, 0.3)}));
+        }
+        painter.restore();
+    }
+};
+
 /// A banner on its cross-staff.
 QIcon icon() {
     QPixmap picture(128, 128);
@@ -165,7 +202,7 @@ QIcon icon() {
 
 void applyStyle(QApplication& application) {
     const auto& colours = desktopIsDark() ? dark : light;
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new Style("Fusion"));
     QApplication::setPalette(paletteOf(colours));
     application.setStyleSheet(styleSheetOf(colours));
     QApplication::setWindowIcon(icon());
