@@ -17,4 +17,4 @@ need() {
 }
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgl-dev libutf8proc-dev
-    libdeflate-dev zlib1g-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev)
+    libdeflate-dev libarchive-dev zlib1g-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev)

@@ -41,6 +41,8 @@ void frmMain::revertSels(bool refreshList) {
     showCountsAtStart();
     if (refreshList)
         tspMain_Click();
+    else
+        showBadges();
 }
 
 void frmMain::lstList_Click() {

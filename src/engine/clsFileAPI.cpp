@@ -21,7 +21,7 @@ void clsFileAPI::setPaths(const std::string& from, const std::string& to) {
 
 bool clsFileAPI::CopyFile(const std::string& FromFile, const std::string& ToFile) {
     setPaths(FromFile, ToFile);
-    platform::attempt([&] { disk_.copyFile(pFrom_, pTo_); });
+    platform::attempt([&] { disk_.copyFile(pFrom_, pTo_, onProgress); });
     return true;
 }
 

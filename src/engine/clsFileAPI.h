@@ -28,6 +28,9 @@ class clsFileAPI {
     bool MoveFile(const std::string& FromFile = {}, const std::string& ToFile = {});
     bool RenameFile(const std::string& FromFile = {}, const std::string& ToFile = {});
 
+    /// Runs while a copy goes on.
+    platform::CopyProgress onProgress;
+
     /// Whether the last move found its source missing or its place taken.
     bool refused() const { return refused_; }
 

@@ -36,11 +36,13 @@ void frmMain::wire() {
     lblEditCCodes.onClick = [this] { lblEditCCodes_Click(); };
     cmdReadme.onClick = [this] { cmdReadme_Click(); };
     cmdExplore.onClick = [this] { cmdExplore_Click(); };
+    cmdAdd.onClick = [this] { cmdAdd_Click(); };
     cmdHelp.onClick = [this] { cmdHelp_Click(); };
     cmdRemove.onClick = [this] { cmdRemove_Click(); };
     cmdClean.onClick = [this] { cmdClean_Click(); };
     mnuHVXLHelp.onClick = [this] { cmdHelp_Click(); };
     mnuHAboutVXL.onClick = [this] { mnuHAboutVXL_Click(); };
+    mnuUconverter.onClick = [this] { mnuUconverter_Click(); };
     mnuUfilelister.onClick = [this] { mnuUfilelister_Click(); };
     for (auto* item : {&mnuMMenable, &mnuMMcompress, &mnuMMsmall})
         item->makeCheckable();

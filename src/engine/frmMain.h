@@ -60,6 +60,9 @@ class frmMain : public platform::Window {
 
     /// Shows a message with an OK button.
     void tell(const std::string& text);
+    /// Shows a box of a row of like ones. Returns the button.
+    std::size_t askInRow(MessageRow& row, const std::string& text,
+                         std::vector<std::string> buttons);
     /// Adds a line to the log that stands beside the running work.
     void appendToLog(const std::string& line) { showReadme_.appendLogLine(line); }
     const platform::Machine& machine() const { return machine_; }
@@ -167,8 +170,6 @@ class frmMain : public platform::Window {
 
     // engine/questions.cpp
     bool askYesNo(const std::string& text);
-    std::size_t askInRow(MessageRow& row, const std::string& text,
-                         std::vector<std::string> buttons);
 
     // catalogue/tabs.cpp
     void tspMain_Click();
@@ -222,6 +223,10 @@ class frmMain : public platform::Window {
     void mnuHAboutVXL_Click();
     void showText(const std::string& caption, const std::string& heading, const std::string& text);
     void openWithDesktop(const std::string& path, platform::StartWindow window);
+
+    // installers/
+    void cmdAdd_Click();
+    void mnuUconverter_Click();
 
     // utilities/
     void cmdClean_Click();

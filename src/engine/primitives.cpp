@@ -1,5 +1,6 @@
 // The procedures through which the whole program looks at the disk and changes it.
 #include <algorithm>
+#include <chrono>
 
 #include "engine/clsFileAPI.h"
 #include "engine/frmMain.h"
@@ -7,6 +8,11 @@
 #include "platform/text.h"
 
 namespace engine {
+namespace {
+
+constexpr auto isLong = std::chrono::milliseconds(500);
+
+} // namespace
 
 /// Catches failures: False, with the array empty, for a folder that cannot be listed.
 bool frmMain::folderArray(StringArray& theArray, const std::string& thePath) {
@@ -93,12 +99,24 @@ void frmMain::tellOfFailedMove(const std::string& from, const std::string& to) {
              {"OK"});
 }
 
+/// A copy that takes long shows that it goes on.
 void frmMain::CopyFile(const std::string& FromFile, const std::string& ToFile, bool useConfirm) {
     clsFileAPI operation(disk());
     operation.SetFlags(false, false, !useConfirm, true, false);
     operation.SourceFile(FromFile);
     operation.DestinationFile(ToFile);
+    bool showsWorking = false;
+    const auto began = std::chrono::steady_clock::now();
+    operation.onProgress = [&](std::uint64_t /*bytes*/) {
+        if (!working_ && std::chrono::steady_clock::now() - began > isLong) {
+            showWorking();
+            showsWorking = true;
+        }
+        toolkit().doEvents();
+    };
     operation.CopyFile();
+    if (showsWorking)
+        hideWorking();
 }
 
 void frmMain::DeleteFile(const std::string& delFile, bool useShow, bool doCheck) {

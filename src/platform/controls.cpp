@@ -2,6 +2,7 @@
 #include "platform/controls.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -76,6 +77,32 @@ void MarkList::click(int index) {
     changed();
     if (onClick)
         onClick();
+}
+
+void ListBox::clear() {
+    items_.clear();
+    changed();
+}
+
+void ListBox::add(std::string text, std::string note) {
+    items_.push_back({std::move(text), std::move(note)});
+    changed();
+}
+
+void ComboBox::pick(int index) {
+    if (index < 0 || index >= static_cast<int>(rows_.size()))
+        return;
+    index_ = index;
+    setText(rows_[static_cast<std::size_t>(index)]);
+}
+
+void ComboBox::pick(std::string_view text) {
+    pick(static_cast<int>(std::find(rows_.begin(), rows_.end(), text) - rows_.begin()));
+}
+
+void ProgressBar::setDone(int done) {
+    if (std::exchange(done_, done) != done)
+        changed();
 }
 
 TabStrip::TabStrip(Window& owner, std::string name, std::vector<std::string> captions)

@@ -153,6 +153,68 @@ class MarkList : public Control {
     unsigned revision_ = 0;
 };
 
+/// A plain list: nothing in it can be chosen.
+class ListBox : public Control {
+  public:
+    struct Item {
+        std::string text;
+        std::string note; ///< stands beside the text, which it is no part of
+    };
+
+    using Control::Control;
+
+    void clear();
+    void add(std::string text, std::string note = {});
+    const std::vector<Item>& items() const { return items_; }
+
+  private:
+    std::vector<Item> items_;
+};
+
+/// A drop-down list that cannot be typed into. Its text is the row chosen, empty at first.
+class ComboBox : public Control {
+  public:
+    ComboBox(Window& owner, std::string name, std::vector<std::string> rows)
+        : Control(owner, std::move(name)), rows_(std::move(rows)) {}
+
+    const std::vector<std::string>& rows() const { return rows_; }
+    /// The row chosen, or -1.
+    int index() const { return index_; }
+    void pick(int index);
+    /// Chooses the row of that text; without one nothing changes.
+    void pick(std::string_view text);
+
+  private:
+    std::vector<std::string> rows_;
+    int index_ = -1;
+};
+
+/// How much of a piece of work is done.
+class ProgressBar : public Control {
+  public:
+    using Control::Control;
+
+    static constexpr int whole = 1000;
+    /// From 0 to `whole`.
+    int done() const { return done_; }
+    void setDone(int done);
+
+  private:
+    int done_ = 0;
+};
+
+/// A dialog that a window keeps to ask for a file. It is never seen as a control.
+class FilePicker : public Control {
+  public:
+    using Control::Control;
+
+    std::string title;
+    std::string filter; ///< captions and patterns in turn, set off by "|"
+    std::string defaultExtension;
+    std::string folder;   ///< where it starts, in the system's form
+    std::string fileName; ///< the file picked last, in the system's form
+};
+
 /// A strip of tabs. One tab is always current.
 class TabStrip : public Control {
   public:
@@ -256,6 +318,9 @@ class Window : public Element {
     std::function<void()> onClose;
     /// What Enter presses, or null.
     Button* defaultButton = nullptr;
+    /// Takes files and folders that the user drops, by their paths in the system's form. A window
+    /// without it takes none.
+    std::function<void(const std::vector<std::string>& paths)> onDrop;
 
   private:
     friend class Control;

@@ -14,6 +14,9 @@ namespace platform {
 /// Takes a file's content piece by piece, in order.
 using PieceSink = std::function<void(std::string_view piece)>;
 
+/// Told how many bytes more have been copied.
+using CopyProgress = std::function<void(std::uint64_t bytes)>;
+
 /// A file's bytes where they lie, for as long as the view lives.
 class FileView {
   public:
@@ -88,7 +91,9 @@ class Disk {
     virtual bool renameEntry(const std::string& path, const std::string& newName) = 0;
 
     /// Copies a file, its time included. Replaces a file at `to`, makes missing folders.
-    virtual void copyFile(const std::string& from, const std::string& to) = 0;
+    /// `onProgress`, if there is one, runs now and then with the bytes copied since the last time.
+    virtual void copyFile(const std::string& from, const std::string& to,
+                          const CopyProgress& onProgress = {}) = 0;
 
     /// Removes a file, never a folder.
     virtual void removeFile(const std::string& path) = 0;

@@ -243,7 +243,7 @@ void writeAll(int file, std::string_view bytes, std::string_view path) {
     }
 }
 
-void copyBytes(int from, int to, std::string_view path) {
+void copyBytes(int from, int to, std::string_view path, const CopyProgress& onProgress = {}) {
     std::string block;
     struct stat found {};
     ::fstat(from, &found);
@@ -257,6 +257,8 @@ void copyBytes(int from, int to, std::string_view path) {
         if (count == 0)
             return;
         writeAll(to, {block.data(), static_cast<std::size_t>(count)}, path);
+        if (onProgress)
+            onProgress(static_cast<std::uint64_t>(count));
     }
 }
 
@@ -517,7 +519,8 @@ class PosixDisk final : public Disk {
         return true;
     }
 
-    void copyFile(const std::string& from, const std::string& to) override {
+    void copyFile(const std::string& from, const std::string& to,
+                  const CopyProgress& onProgress) override {
         refresh();
         const auto source = openFile(placeOf(from), from);
         struct stat found {};
@@ -528,7 +531,7 @@ class PosixDisk final : public Disk {
         const auto folder = open(target, target.parts.size() - 1, &made);
         const auto leaf = folder->spelling(target.parts.back()).value_or(target.parts.back());
         PartFile part(*folder, leaf, to, found.st_mode & 0777U);
-        copyBytes(source.get(), part.handle(), from);
+        copyBytes(source.get(), part.handle(), from, onProgress);
         const std::array<timespec, 2> times{found.st_atim, found.st_mtim};
         ::futimens(part.handle(), times.data());
         part.replace(leaf);

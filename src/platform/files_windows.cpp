@@ -2,6 +2,7 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include <windows.h>
@@ -203,12 +204,18 @@ class WindowsDisk final : public Disk {
         return true;
     }
 
-    void copyFile(const std::string& from, const std::string& to) override {
+    void copyFile(const std::string& from, const std::string& to,
+                  const CopyProgress& onProgress) override {
         checkChange(to, "copy");
         makeParents(to);
         const auto part = to + partSuffix;
-        if (CopyFileW(nameOf(from).c_str(), nameOf(part).c_str(), FALSE) == 0)
+        CopyReport report{onProgress};
+        if (CopyFileExW(nameOf(from).c_str(), nameOf(part).c_str(), CopyReport::tell, &report,
+                        nullptr, 0) == 0) {
+            if (report.thrown)
+                std::rethrow_exception(report.thrown);
             fail("copy", from);
+        }
         putInPlace(part, to, "copy");
     }
 
@@ -235,6 +242,30 @@ class WindowsDisk final : public Disk {
     void flush() override {}
 
   private:
+    /// Passes the system's reports on. Nothing may be thrown through the system's frames.
+    struct CopyReport {
+        const CopyProgress& onProgress;
+        std::uint64_t told = 0;
+        std::exception_ptr thrown = nullptr;
+
+        static DWORD CALLBACK tell(LARGE_INTEGER /*size*/, LARGE_INTEGER done,
+                                   LARGE_INTEGER /*streamSize*/, LARGE_INTEGER /*streamDone*/,
+                                   DWORD /*stream*/, DWORD /*reason*/, HANDLE /*from*/,
+                                   HANDLE /*to*/, void* data) {
+            auto& report = *static_cast<CopyReport*>(data);
+            const auto bytes = static_cast<std::uint64_t>(done.QuadPart);
+            try {
+                if (report.onProgress)
+                    report.onProgress(bytes - report.told);
+                report.told = bytes;
+                return PROGRESS_CONTINUE;
+            } catch (...) {
+                report.thrown = std::current_exception();
+                return PROGRESS_CANCEL;
+            }
+        }
+    };
+
     static bool isFolder(DWORD attributes) {
         return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
                (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;

@@ -3,6 +3,9 @@
 
 #include <utility>
 
+#include <QDir>
+#include <QFile>
+
 #include "platform/text.h"
 
 namespace views {
@@ -40,6 +43,10 @@ void Binding::refresh() {
 
 QString shown(std::string_view bytes) {
     return QString::fromStdString(platform::toUtf8(bytes)).replace("\r\n", "\n");
+}
+
+std::string nativePath(const QString& path) {
+    return QFile::encodeName(QDir::toNativeSeparators(path)).toStdString();
 }
 
 std::string entered(const QString& text) {

@@ -46,4 +46,7 @@ QString shown(std::string_view bytes);
 /// A text that the user has entered, as the logic has it.
 std::string entered(const QString& text);
 
+/// A path that Qt gave out, in the system's form.
+std::string nativePath(const QString& path);
+
 } // namespace views

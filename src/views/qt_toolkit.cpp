@@ -139,18 +139,25 @@ platform::MessageAnswer QtToolkit::showMessage(const platform::MessageBox& box) 
 std::optional<std::string> QtToolkit::askForText(const platform::InputBox& box) {
     refresher_.flush();
     bool accepted = false;
-    const auto text =
-        QInputDialog::getText(boxParent(), shown(box.title), shown(box.text),
-                              QLineEdit::Normal, shown(box.preset), &accepted);
+    const auto text = QInputDialog::getText(boxParent(), shown(box.title), shown(box.text),
+                                            QLineEdit::Normal, shown(box.preset), &accepted);
     return accepted ? std::optional(entered(text)) : std::nullopt;
 }
 
 std::optional<std::string> QtToolkit::askForFile(const platform::FileDialog& dialog) {
     refresher_.flush();
-    const auto path =
-        QFileDialog::getOpenFileName(boxParent(), shown(dialog.title),
-                                     shown(dialog.folder), nameFilters(dialog.filter));
-    return path.isEmpty() ? std::nullopt : std::optional(QFile::encodeName(path).toStdString());
+    const auto path = QFileDialog::getOpenFileName(
+        boxParent(), shown(dialog.title), shown(dialog.folder), nameFilters(dialog.filter));
+    return path.isEmpty() ? std::nullopt : std::optional(nativePath(path));
+}
+
+std::vector<std::string> QtToolkit::askForFiles(const platform::FileDialog& dialog) {
+    refresher_.flush();
+    std::vector<std::string> files;
+    for (const auto& path : QFileDialog::getOpenFileNames(
+             boxParent(), shown(dialog.title), shown(dialog.folder), nameFilters(dialog.filter)))
+        files.push_back(nativePath(path));
+    return files;
 }
 
 void QtToolkit::setClipboard(const std::string& text) {

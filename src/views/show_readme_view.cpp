@@ -6,6 +6,7 @@
 #include "utilities/frmFList.h"
 #include "utilities/frmShowReadme.h"
 #include "views/main_view.h"
+#include "views/wizard_views.h"
 #include "views/working_view.h"
 
 namespace views {
@@ -61,6 +62,10 @@ std::unique_ptr<WindowView> makeView(platform::Window& window, QtToolkit& toolki
         return std::make_unique<ShowReadmeView>(*readme, toolkit);
     if (auto* list = dynamic_cast<utilities::frmFList*>(&window))
         return std::make_unique<FileListView>(*list, toolkit);
+    if (auto* add = dynamic_cast<installers::frmAdd*>(&window))
+        return makeAddView(*add, toolkit);
+    if (auto* tam = dynamic_cast<installers::frmTAM*>(&window))
+        return makeTamView(*tam, toolkit);
     return makeWorkingView(dynamic_cast<utilities::frmWorking&>(window), toolkit);
 }
 

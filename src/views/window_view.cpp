@@ -2,18 +2,42 @@
 #include "views/window_view.h"
 
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QListWidget>
+#include <QMimeData>
+#include <QProgressBar>
 #include <QScrollBar>
 #include <QStyle>
 #include <QTextCursor>
 #include <QTimer>
 
+#include "platform/files.h"
 #include "views/cut_text_tip.h"
 #include "views/mark_list_view.h"
 #include "views/qt_toolkit.h"
 
 namespace views {
 namespace {
+
+/// Another window that takes the focus for a while is no leaving.
+class LeaveFilter final : public QObject {
+  public:
+    LeaveFilter(QObject* watched, std::function<void()> onLeave)
+        : QObject(watched), onLeave_(std::move(onLeave)) {}
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::FocusOut)
+            return false;
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            onLeave_();
+        return false;
+    }
+
+  private:
+    std::function<void()> onLeave_;
+};
 
 /// Shows the part of a text that has come since the last time, or all of a text that is another.
 class TextFollower {
@@ -24,7 +48,7 @@ class TextFollower {
     void operator()() {
         const auto& text = control_.text();
         if (revision_ != control_.revision() || text.size() < shown_) {
-            edit_->setPlainText(shown(text));
+            showAll(shown(text));
             revision_ = control_.revision();
         } else if (text.size() > shown_) {
             QTextCursor end(edit_->document());
@@ -37,6 +61,14 @@ class TextFollower {
     }
 
   private:
+    /// What the user has typed is there already, and setting it anew would move the cursor.
+    void showAll(const QString& text) {
+        if (!control_.readOnly() && edit_->toPlainText() == text)
+            return;
+        const QSignalBlocker quiet(edit_);
+        edit_->setPlainText(text);
+    }
+
     const platform::TextBox& control_;
     QPlainTextEdit* edit_;
     unsigned revision_ = 0;
@@ -68,6 +100,7 @@ void showBadge(QTabBar& tabs, int tab, const platform::TabStrip::Badge& badge) {
 WindowView::WindowView(platform::Window& window, QtToolkit& toolkit)
     : window_(window), toolkit_(toolkit) {
     setObjectName(QString::fromStdString(window.name()));
+    setAcceptDrops(static_cast<bool>(window.onDrop));
     addBinding(window, [this] {
         setWindowTitle(shown(window_.text()));
         setEnabled(window_.enabled() && !window_.resting());
@@ -133,15 +166,28 @@ QPushButton* WindowView::button(platform::Button& control) {
 }
 
 QLineEdit* WindowView::lineEdit(platform::TextBox& control) {
+    return lineEdit(control, shown);
+}
+
+QLineEdit* WindowView::pathEdit(platform::TextBox& control) {
+    return lineEdit(control,
+                    [](std::string_view path) { return shown(platform::shownPath(path)); });
+}
+
+QLineEdit* WindowView::lineEdit(platform::TextBox& control, ShowText showText) {
     auto* widget = new QLineEdit(this);
     widget->setReadOnly(control.readOnly());
     tipWhereCut(widget);
-    bind(control, widget, [&control, widget] {
-        if (const auto text = shown(control.text()); widget->text() != text) {
+    bind(control, widget, [&control, widget, showText] {
+        if (const auto text = showText(control.text()); widget->text() != text) {
             widget->setText(text);
             widget->setCursorPosition(0);
         }
     });
+    // What is typed is state, not an event: the logic looks at it when a button is pressed.
+    connect(widget, &QLineEdit::textEdited, this,
+            [&control](const QString& text) { control.setText(entered(text)); });
+    watchLeaving(control, widget);
     return widget;
 }
 
@@ -152,6 +198,11 @@ QPlainTextEdit* WindowView::textEdit(platform::TextBox& control) {
     widget->setUndoRedoEnabled(!control.readOnly());
     if (control.readOnly())
         widget->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    connect(widget, &QPlainTextEdit::textChanged, this, [&control, widget] {
+        if (!control.readOnly())
+            control.setText(entered(widget->toPlainText()));
+    });
+    watchLeaving(control, widget);
     bind(control, widget,
          [follow = std::make_shared<TextFollower>(control, widget)] { (*follow)(); });
     return widget;
@@ -197,6 +248,41 @@ MarkListView* WindowView::markList(platform::MarkList& control) {
     return widget;
 }
 
+QComboBox* WindowView::comboBox(platform::ComboBox& control) {
+    auto* widget = new QComboBox(this);
+    for (const auto& row : control.rows())
+        widget->addItem(shown(row));
+    bind(control, widget, [&control, widget] { widget->setCurrentIndex(control.index()); });
+    connect(widget, &QComboBox::activated, this, [this, &control](int index) {
+        post(control, [&control, index] { control.pick(index); });
+    });
+    return widget;
+}
+
+QListWidget* WindowView::listBox(platform::ListBox& control) {
+    auto* widget = new QListWidget(this);
+    widget->setSelectionMode(QAbstractItemView::NoSelection);
+    bind(control, widget, [&control, widget] {
+        widget->clear();
+        for (const auto& item : control.items()) {
+            const auto text = shown(platform::shownPath(item.text));
+            const auto note = item.note.empty() ? "" : "   (" + shown(item.note) + ")";
+            auto* row = new QListWidgetItem(text + note, widget);
+            if (!item.note.empty())
+                row->setForeground(widget->palette().color(QPalette::PlaceholderText));
+        }
+    });
+    return widget;
+}
+
+QProgressBar* WindowView::progressBar(platform::ProgressBar& control) {
+    auto* widget = new QProgressBar(this);
+    widget->setRange(0, platform::ProgressBar::whole);
+    widget->setAccessibleName("Copying");
+    bind(control, widget, [&control, widget] { widget->setValue(control.done()); });
+    return widget;
+}
+
 void WindowView::timer(platform::Timer& control) {
     auto* ticker = new QTimer(this);
     ticker->setObjectName(QString::fromStdString(control.name()));
@@ -216,12 +302,42 @@ void WindowView::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (auto* focused = qobject_cast<QPushButton*>(focusWidget()); isEnter && focused != nullptr)
         focused->click();
-    else if (isEnter && window_.defaultButton != nullptr && window_.defaultButton->onClick)
-        post(*window_.defaultButton, window_.defaultButton->onClick);
+    else if (isEnter && window_.defaultButton != nullptr)
+        pressDefaultButton();
     else if (event->key() == Qt::Key_Escape && parentWidget() != nullptr && window_.onClose)
         toolkit_.post(window_, nullptr, window_.onClose);
     else
         QWidget::keyPressEvent(event);
+}
+
+/// The box that the user types in is left first, as with a click.
+void WindowView::pressDefaultButton() {
+    const auto name = QString::fromStdString(window_.defaultButton->name());
+    if (auto* widget = findChild<QPushButton*>(name); widget != nullptr && widget->isEnabled()) {
+        widget->setFocus(Qt::OtherFocusReason);
+        widget->click();
+    }
+}
+
+void WindowView::watchLeaving(platform::TextBox& control, QWidget* widget) {
+    if (control.onLeave)
+        widget->installEventFilter(
+            new LeaveFilter(widget, [this, &control] { post(control, control.onLeave); }));
+}
+
+void WindowView::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void WindowView::dropEvent(QDropEvent* event) {
+    std::vector<std::string> paths;
+    for (const auto& url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths.push_back(nativePath(url.toLocalFile()));
+    event->acceptProposedAction();
+    if (!paths.empty() && window_.onDrop)
+        toolkit_.post(window_, nullptr, [this, paths] { window_.onDrop(paths); });
 }
 
 void WindowView::closeEvent(QCloseEvent* event) {

@@ -15,6 +15,10 @@
 #include "platform/controls.h"
 #include "views/binding.h"
 
+class QComboBox;
+class QListWidget;
+class QProgressBar;
+
 namespace views {
 
 class MarkListView;
@@ -33,8 +37,13 @@ class WindowView : public QWidget {
     QPushButton* link(platform::Label& control);
     QPushButton* button(platform::Button& control);
     QLineEdit* lineEdit(platform::TextBox& control);
+    /// The same for a path, which is shown in the system's form.
+    QLineEdit* pathEdit(platform::TextBox& control);
     QPlainTextEdit* textEdit(platform::TextBox& control);
     QTabBar* tabBar(platform::TabStrip& control);
+    QComboBox* comboBox(platform::ComboBox& control);
+    QListWidget* listBox(platform::ListBox& control);
+    QProgressBar* progressBar(platform::ProgressBar& control);
     MarkListView* markList(platform::MarkList& control);
     void timer(platform::Timer& control);
 
@@ -45,12 +54,20 @@ class WindowView : public QWidget {
     void post(platform::Control& control, std::function<void()> action);
 
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
     platform::Window& window_;
     QtToolkit& toolkit_;
 
   private:
+    using ShowText = QString (*)(std::string_view bytes);
+    QLineEdit* lineEdit(platform::TextBox& control, ShowText showText);
+    /// Tells the logic when the user leaves a box for another control.
+    void watchLeaving(platform::TextBox& control, QWidget* widget);
+    void pressDefaultButton();
+
     std::vector<std::unique_ptr<Binding>> bindings_;
 };
 

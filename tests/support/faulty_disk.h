@@ -58,9 +58,10 @@ class FaultyDisk final : public platform::Disk {
         change(path);
         return disk_.renameEntry(path, newName);
     }
-    void copyFile(const std::string& from, const std::string& to) override {
+    void copyFile(const std::string& from, const std::string& to,
+                  const platform::CopyProgress& onProgress) override {
         change(to);
-        disk_.copyFile(from, to);
+        disk_.copyFile(from, to, onProgress);
     }
     void removeFile(const std::string& path) override {
         change(path);

@@ -122,7 +122,7 @@ class Story {
     std::string where() const { return file_ + ":" + std::to_string(lineNumber_); }
 
     void addScript(const std::string& line) {
-        script_ += line + "\n";
+        script_ += replaceAll(line, "GAME/", game_.folder() + "/") + "\n";
         if (!line.empty() && line[0] != '#')
             lastWasState_ = false;
     }
@@ -289,7 +289,7 @@ class Story {
         const auto& controls = state["controls"];
         const auto control = name.substr(0, dot);
         ASSERT_TRUE(controls.contains(control)) << expected.where << ": no " << control;
-        const auto is = stateText(controls[control], field);
+        const auto is = replaceAll(stateText(controls[control], field), game_.folder(), "GAME");
         EXPECT_TRUE(matches(text, is)) << expected.where << ": " << name << " is " << is;
     }
 

@@ -90,6 +90,12 @@ void mark(Window& window, const std::string& text, const std::string& line) {
     list.click(static_cast<int>(at - items.begin()));
 }
 
+void pick(Window& window, const std::string& rest, const std::string& line) {
+    const auto [name, text] = cutWord(rest);
+    auto& box = controlOf<ComboBox>(window, name, line);
+    box.pick(rowOf(box.rows(), text, line));
+}
+
 void type(Window& window, const std::string& rest, const std::string& line) {
     const auto [name, text] = cutWord(rest);
     auto& box = controlOf<TextBox>(window, name, line);
@@ -118,6 +124,15 @@ Event stateOf(const Control& control) {
         for (const auto& caption : tabs->captions())
             state["items"].push_back({{"text", caption}, {"marked", caption == tabs->caption()}});
         state["index"] = tabs->index();
+    } else if (const auto* plain = dynamic_cast<const ListBox*>(&control)) {
+        state["items"] = Event::array();
+        for (const auto& item : plain->items())
+            state["items"].push_back({{"text", shownText(item.text)}, {"marked", false}});
+    } else if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) {
+        state["items"] = Event::array();
+        for (const auto& row : combo->rows())
+            state["items"].push_back({{"text", row}, {"marked", row == combo->text()}});
+        state["index"] = combo->index();
     } else if (const auto* item = dynamic_cast<const MenuItem*>(&control)) {
         state["checked"] = item->checked();
     }
@@ -247,6 +262,12 @@ std::optional<std::string> SessionToolkit::askForFile(const FileDialog& dialog) 
     return answer;
 }
 
+std::vector<std::string> SessionToolkit::askForFiles(const FileDialog& dialog) {
+    if (auto file = askForFile(dialog))
+        return {std::move(*file)};
+    return {};
+}
+
 void SessionToolkit::setClipboard(const std::string& text) {
     transcript_({{"event", "clipboard"}, {"text", shownText(text)}});
 }
@@ -298,6 +319,8 @@ void SessionToolkit::carryOut(const std::string& line) {
         mark(window, rest, line);
     } else if (action == "click") {
         click(window, rest, line);
+    } else if (action == "pick") {
+        pick(window, rest, line);
     } else if (action == "type") {
         type(window, rest, line);
     } else if (action == "close" && window.onClose && window.enabled()) {

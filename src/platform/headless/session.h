@@ -67,6 +67,7 @@ class SessionToolkit final : public Toolkit {
     MessageAnswer showMessage(const MessageBox& box) override;
     std::optional<std::string> askForText(const InputBox& box) override;
     std::optional<std::string> askForFile(const FileDialog& dialog) override;
+    std::vector<std::string> askForFiles(const FileDialog& dialog) override;
     void setClipboard(const std::string& text) override;
     void doEvents() override {}
     void waitForUser() override;

@@ -1,0 +1,235 @@
+// Steps forward and back. What a step has made on the disk stays, whatever the user does next.
+#include "installers/frmAdd.h"
+
+#include "engine/frmMain.h"
+#include "installers/display_name.h"
+#include "installers/member_import.h"
+#include "installers/steps.h"
+#include "platform/failure.h"
+#include "platform/text.h"
+
+namespace installers {
+namespace {
+
+constexpr auto alreadyThere = "Already There";
+
+std::string trimmedBlanks(const std::string& text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+} // namespace
+
+frmAdd::frmAdd(engine::frmMain& main)
+    : Window("frmAdd", "Add A Release"), main_(main), toolkit_(main.machine().toolkit),
+      disk_(main.machine().disk) {
+    tagBySteps(*this);
+    cdc.tag = "-1";
+    cdc.title = "Locate Readme File";
+    cdc.filter = "Plain Text (*.txt)|*.txt|All Files (*.*)|*.*";
+    cdc.defaultExtension = "*.txt";
+    txt1Name.onLeave = [this] { txt1Name_LostFocus(); };
+    cmd1Prev.onClick = [this] { closeWindow(); };
+    cmd1Next.onClick = [this] { cmd1Next_Click(); };
+    lbl2Copy.onClick = [this] { lbl2Copy_Click(); };
+    cmd2Files.onClick = [this] { cmd2Files_Click(); };
+    cmd2Prev.onClick = [this] { cmd2Prev_Click(); };
+    cmd2Next.onClick = [this] { cmd2Next_Click(); };
+    cmd3Browse.onClick = [this] { cmd3Browse_Click(); };
+    cmd3prev.onClick = [this] { GotoStep(2); };
+    cmd3next.onClick = [this] { cmd3next_Click(); };
+    onClose = [this] { closeWindow(); };
+    onDrop = [this](const auto& paths) {
+        if (fraS2.enabled() && !copying_)
+            copyMembers(paths);
+    };
+}
+
+frmAdd::~frmAdd() {
+    toolkit_.unload(*this);
+}
+
+void frmAdd::GotoStep(int stepNum) {
+    gotoStep(*this, stepNum);
+    bar2Files.setVisible(false);
+    defaultButton = stepNum == 1 ? &cmd1Next : stepNum == 2 ? &cmd2Next : &cmd3next;
+}
+
+void frmAdd::closeWindow() {
+    stopCopying_ = true;
+    toolkit_.hide(*this);
+}
+
+std::string frmAdd::folderFor(const std::string& name) const {
+    return main_.TADir + "\\" + std::string(engine::dataTree) + "\\" + cbo1Type.text() + "-" + name;
+}
+
+/// A release that is there already offers its about text for editing.
+void frmAdd::txt1Name_LostFocus() {
+    platform::attempt([&] {
+        const auto path = folderFor(engine::folderForm(txt1Name.text())) + "\\info.txt";
+        for (const auto& text : platform::splitLines(disk_.readFile(path)))
+            txt1About.setText(txt1About.text() + text + std::string(platform::lineBreak));
+    });
+}
+
+void frmAdd::cmd1Next_Click() {
+    const auto taken = txt1Name.text();
+    txt1Name.setText(permittedPart(taken));
+    if (txt1Name.text() != taken)
+        return main_.tell("Not all ASCII characters are permitted in display names.\r\n\r\n"
+                          "The offending characters have been removed, but you may want to change "
+                          "it.");
+    if (txt1Name.text().empty())
+        return main_.tell("You have to enter a display name.\r\n\r\nPlease do so now.");
+    txt1Name.setText(engine::folderForm(taken));
+    txt2Where.setText(folderFor(txt1Name.text()));
+    platform::attempt([&] { disk_.makeFolder(txt2Where.text()); });
+    if (!saveAboutText()) {
+        txt1Name.setText(taken);
+        return;
+    }
+    GotoStep(2);
+}
+
+/// An empty box leaves a text that is there already. Tells of a failure.
+bool frmAdd::saveAboutText() {
+    if (txt1About.text().empty())
+        return true;
+    try {
+        disk_.replaceFile(txt2Where.text() + "\\info.txt",
+                          txt1About.text() + std::string(platform::lineBreak));
+        return true;
+    } catch (const platform::Failure& failure) {
+        main_.tell("The about text could not be saved.\r\n\r\n" + failure.reason());
+        return false;
+    }
+}
+
+void frmAdd::lbl2Copy_Click() {
+    toolkit_.setClipboard(disk_.systemPath(txt2Where.text()));
+}
+
+/// While files are copied, the same button stops it.
+void frmAdd::cmd2Files_Click() {
+    if (copying_) {
+        stopCopying_ = true;
+        return;
+    }
+    const auto files = toolkit_.askForFiles(
+        {"Copy Files Here", "All Files (*.*)|*.*|Zip Archives (*.zip)|*.zip", {}});
+    if (!files.empty())
+        copyMembers(files);
+}
+
+void frmAdd::copyMembers(const std::vector<std::string>& paths) {
+    copying_ = true;
+    stopCopying_ = false;
+    cmd2Files.setText("Stop Copying");
+    for (auto* button : {&cmd2Prev, &cmd2Next})
+        button->setEnabled(false);
+    bar2Files.setDone(0);
+    bar2Files.setVisible(true);
+    MemberImport import(main_, txt2Where.text(), [this](const MemberImport::Progress& progress) {
+        lbl2Files.setText(progress.file);
+        bar2Files.setDone(progress.perMille);
+        toolkit_.doEvents();
+        return !stopCopying_;
+    });
+    const int copied = import.copy(paths);
+    bar2Files.setVisible(false);
+    lbl2Files.setText(std::to_string(copied) + (copied == 1 ? " file" : " files") +
+                      " copied to the release's directory" +
+                      (stopCopying_ ? ", then stopped." : "."));
+    cmd2Files.setText("Copy Files Here...");
+    for (auto* button : {&cmd2Prev, &cmd2Next})
+        button->setEnabled(true);
+    copying_ = false;
+}
+
+void frmAdd::cmd2Prev_Click() {
+    txt1Name.setText(engine::displayForm(txt1Name.text()));
+    GotoStep(1);
+}
+
+void frmAdd::cmd2Next_Click() {
+    GotoStep(3);
+    loadCCodes();
+    if (!platform::attempt([&] { disk_.readFile(txt2Where.text() + "\\readme.txt"); }))
+        return;
+    lbl3ReadMe.setEnabled(false);
+    txt3ReadMe.setEnabled(false);
+    txt3ReadMe.setText(alreadyThere);
+}
+
+/// Codes that the user has typed or changed stay as they are.
+void frmAdd::loadCCodes() {
+    if (txt3CCodes.text() != loadedCodes_)
+        return;
+    std::string codes;
+    platform::attempt([&] {
+        for (const auto& code :
+             platform::splitLines(disk_.readFile(txt2Where.text() + "\\ccodes.txt")))
+            codes += " " + code;
+    });
+    loadedCodes_ = codes.empty() ? "" : codes.substr(1);
+    txt3CCodes.setText(loadedCodes_);
+}
+
+void frmAdd::cmd3Browse_Click() {
+    cdc.folder = disk_.systemPath(txt2Where.text());
+    const auto file = toolkit_.askForFile({cdc.title, cdc.filter, cdc.folder});
+    if (!file)
+        return;
+    cdc.fileName = *file;
+    txt3ReadMe.setText(*file);
+}
+
+void frmAdd::cmd3next_Click() {
+    if (!saveCCodes())
+        return;
+    platform::attempt(
+        [&] { disk_.copyFile(txt3ReadMe.text(), txt2Where.text() + "\\readme.txt"); });
+    main_.tell("The " + engine::displayForm(txt1Name.text()) + " " + tag +
+               " has been added successfully!\r\n\r\nIt will be available next time you run "
+               "Vexillum");
+    closeWindow();
+}
+
+/// An empty box leaves codes that are there already. Tells of a failure.
+bool frmAdd::saveCCodes() {
+    txt3CCodes.setText(trimmedBlanks(txt3CCodes.text()));
+    if (txt3CCodes.text().empty())
+        return true;
+    try {
+        disk_.replaceFile(txt2Where.text() + "\\ccodes.txt",
+                          platform::replaceAll(txt3CCodes.text(), " ", platform::lineBreak) +
+                              std::string(platform::lineBreak));
+        return true;
+    } catch (const platform::Failure& failure) {
+        main_.tell("The compatibility codes could not be saved.\r\n\r\n" + failure.reason());
+        return false;
+    }
+}
+
+} // namespace installers
+
+namespace engine {
+
+void frmMain::cmdAdd_Click() {
+    revertSels(true);
+    {
+        installers::frmAdd wizard(*this);
+        toolkit().load(wizard);
+        wizard.tag = getShortSelType();
+        wizard.setText("Add A " + wizard.tag);
+        wizard.cbo1Type.pick(wizard.tag);
+        wizard.GotoStep(1);
+        toolkit().showModal(wizard);
+    }
+    RestartVXL(true);
+}
+
+} // namespace engine

@@ -1,0 +1,45 @@
+// Reading zip archives as people pack them. A zip archive is hostile input: its names are held
+// against the rules for paths before they are given out.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "platform/files.h"
+
+namespace platform {
+
+/// Goes through one archive, entry by entry. The bytes must outlive it.
+class ZipReader {
+  public:
+    struct Entry {
+        /// Parts set off by backslashes. As it was packed where it cannot be trusted.
+        std::string path;
+        bool isFolder = false;
+        /// Whether it is a file or folder whose path stays below the one it is unpacked to.
+        bool isTrusted = false;
+        std::uint64_t size = 0; ///< as the archive claims; 0 where it says nothing
+    };
+
+    /// Throws Failure if the bytes are no zip archive.
+    explicit ZipReader(std::span<const std::uint8_t> bytes);
+    ~ZipReader();
+    ZipReader(const ZipReader&) = delete;
+    ZipReader& operator=(const ZipReader&) = delete;
+
+    /// The next entry, or nothing at the end. Throws Failure where the archive is damaged.
+    std::optional<Entry> next();
+
+    /// Unpacks the entry that `next` gave last. Throws Failure where its data is damaged or
+    /// encrypted; pieces may have been given out by then.
+    void extract(const PieceSink& sink);
+
+  private:
+    struct Handle;
+    std::unique_ptr<Handle> handle_;
+};
+
+} // namespace platform

@@ -1,0 +1,170 @@
+// Files, folders and zip archives on their way into a release's folder.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "installers/member_import.h"
+#include "platform/failure.h"
+#include "support/game.h"
+#include "support/zip_writer.h"
+
+namespace installers {
+namespace {
+
+std::span<const std::uint8_t> asBytes(const std::string& text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+class MemberImportTest : public testing::Test {
+  protected:
+    MemberImportTest() {
+        main.TADir = game.folder();
+        disk->setGameDirectory(game.folder());
+        game.makeFolder("Vexillum/Map-New");
+    }
+
+    int import(const std::vector<std::string>& paths, const std::string& answers = {}) {
+        lines.str(answers);
+        lines.clear();
+        MemberImport members(main, game.folder() + "\\Vexillum\\" + release,
+                             [this](const auto& at) {
+                                 progress.push_back(at.perMille);
+                                 return progress.size() < stopAt;
+                             });
+        return members.copy(paths);
+    }
+    std::string outside(const std::string& path, const std::string& content) {
+        game.put("outside/" + path, content);
+        return game.folder() + "/outside/" + path;
+    }
+    std::optional<std::string> member(const std::string& path) const {
+        return game.content("Vexillum/" + release + "/" + path);
+    }
+
+    test::Game game;
+    std::string release = "Map-New";
+    std::istringstream lines;
+    platform::headless::Script script{lines};
+    std::vector<std::string> told;
+    platform::headless::SessionToolkit toolkit{script, [this](const auto& event) {
+                                                   if (event["event"] == "message")
+                                                       told.push_back(event["text"]);
+                                               }};
+    std::unique_ptr<platform::Disk> disk = platform::makeDisk();
+    platform::headless::RecordedPrograms programs{*disk, [](const auto&) {}};
+    engine::frmMain main{{*disk, toolkit, programs, game.folder(), "", ""}};
+    std::vector<int> progress;
+    std::size_t stopAt = 1'000'000;
+};
+
+TEST_F(MemberImportTest, files_and_folders_keep_their_shape) {
+    outside("pack/maps/a.ota", "a");
+    outside("pack/deep/er/b", "b");
+    game.makeFolder("outside/pack/empty");
+    const auto file = outside("c.ufo", std::string(3'000'000, 'c'));
+    EXPECT_EQ(import({game.folder() + "/outside/pack", file}), 3);
+    EXPECT_EQ(member("pack/maps/a.ota"), "a");
+    EXPECT_EQ(member("pack/deep/er/b"), "b");
+    EXPECT_TRUE(game.has("Vexillum/Map-New/pack/empty"));
+    EXPECT_EQ(member("c.ufo")->size(), 3'000'000U);
+    EXPECT_TRUE(std::is_sorted(progress.begin(), progress.end()));
+    EXPECT_EQ(progress.back(), 1000);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(MemberImportTest, a_single_top_folder_of_an_archive_is_not_made) {
+    struct Case {
+        test::PackedFiles files;
+        std::vector<std::string> members;
+    };
+    const Case cases[] = {
+        {{{"Top/", ""}, {"Top/a", "a"}, {"Top/sub/b", "b"}}, {"a", "sub/b"}},
+        {{{"Top/a", "a"}}, {"a"}},
+        {{{"Top/a", "a"}, {"readme.txt", "r"}}, {"Top/a", "readme.txt"}},
+        {{{"One/a", "a"}, {"Two/b", "b"}}, {"One/a", "Two/b"}},
+        {{{"single", "a"}}, {"single"}},
+    };
+    for (const auto& c : cases) {
+        release += "er";
+        game.makeFolder("Vexillum/" + release);
+        EXPECT_EQ(import({outside("pack.ZIP", test::packZip(c.files))}),
+                  static_cast<int>(c.members.size()));
+        for (const auto& name : c.members)
+            EXPECT_TRUE(member(name)) << name;
+    }
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(MemberImportTest, names_that_lead_out_are_left_out_and_told_of) {
+    const test::PackedFiles hostile = {
+        {"../evil", "e"},     {"a/../../evil", "e"}, {"/evil", "e"},
+        {"..\\evil", "e"},    {"C:\\evil", "e"},     {"c:evil", "e"},
+        {"line\nbreak", "e"}, {"./good", "g"},       {"dir\\windows", "w"}};
+    EXPECT_EQ(import({outside("pack.zip", test::packZip(hostile))}, "answer OK *\n"), 2);
+    EXPECT_EQ(member("good"), "g");
+    EXPECT_EQ(member("dir/windows"), "w");
+    EXPECT_EQ(told.size(), 7U);
+    for (const auto& [path, content] : game.files())
+        EXPECT_EQ(path.find("evil"), std::string::npos) << path;
+}
+
+TEST_F(MemberImportTest, nothing_is_replaced_without_a_question) {
+    game.put("Vexillum/Map-New/A.txt", "mine");
+    game.put("Vexillum/Map-New/b.txt", "mine");
+    game.makeFolder("Vexillum/Map-New/c.txt");
+    const auto pack =
+        test::packZip({{"a.txt", "new"}, {"b.txt", "new"}, {"c.txt", "new"}, {"d", "new"}});
+    EXPECT_EQ(import({outside("pack.zip", pack)}, "answer Yes\nanswer No\n"), 2);
+    EXPECT_EQ(member("A.txt"), "new");
+    EXPECT_EQ(member("b.txt"), "mine");
+    EXPECT_EQ(member("d"), "new");
+    EXPECT_THAT(told, testing::ElementsAre(
+                          testing::StartsWith("\"a.txt\" is in the release's directory already."),
+                          testing::StartsWith("\"b.txt\" is in the release's directory already."),
+                          testing::StartsWith("\"c.txt\" could not be copied.")));
+}
+
+TEST_F(MemberImportTest, a_damaged_archive_gives_what_is_healthy_in_it) {
+    const auto healthy =
+        test::packZip({{"a", std::string(1000, 'a')}, {"b", std::string(1000, 'b')}, {"c", "c"}},
+                      "zip:compression=store");
+    auto damaged = healthy;
+    damaged[damaged.find("bbbb") + 10] = 'x';
+    EXPECT_EQ(import({outside("damaged.zip", damaged), outside("text.zip", "no archive"),
+                      outside("none.zip", ""), outside("cut.zip", healthy.substr(0, 600))}),
+              2);
+    EXPECT_TRUE(member("a"));
+    EXPECT_FALSE(member("b"));
+    EXPECT_TRUE(member("c"));
+    EXPECT_EQ(told.size(), 4U);
+    EXPECT_EQ(disk->fileNames(game.folder() + "\\Vexillum\\Map-New").size(), 2U);
+}
+
+TEST_F(MemberImportTest, the_user_may_stop_in_the_middle_of_a_file) {
+    const auto first = outside("first", "1");
+    const auto large = outside("large", std::string(5'000'000, 'x'));
+    stopAt = 5;
+    EXPECT_EQ(import({first, large}), 1);
+    EXPECT_TRUE(member("first"));
+    EXPECT_FALSE(member("large"));
+}
+
+TEST_F(MemberImportTest, the_release_copied_into_itself_has_an_end) {
+    game.put("Vexillum/Map-New/a", "a");
+    EXPECT_EQ(import({game.folder() + "/Vexillum/Map-New"}), 1);
+    EXPECT_EQ(member("Map-New/a"), "a");
+    EXPECT_FALSE(game.has("Vexillum/Map-New/Map-New/Map-New"));
+}
+
+TEST(ZipReaderTest, no_entry_is_larger_than_it_says) {
+    auto bytes = test::packZip({{"a", std::string(1000, 'a')}}, "zip:compression=store");
+    platform::ZipReader reader(asBytes(bytes));
+    ASSERT_TRUE(reader.next());
+    std::size_t size = 0;
+    reader.extract([&](std::string_view piece) { size += piece.size(); });
+    EXPECT_EQ(size, 1000U);
+    EXPECT_FALSE(reader.next());
+    EXPECT_THROW(platform::ZipReader(asBytes("nothing of the kind")).next(), platform::Failure);
+}
+
+} // namespace
+} // namespace installers

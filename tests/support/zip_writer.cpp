@@ -1,0 +1,32 @@
+// By libarchive, which asks nothing of the names.
+#include "support/zip_writer.h"
+
+#include <archive.h>
+#include <archive_entry.h>
+
+namespace test {
+
+std::string packZip(const PackedFiles& files, const char* options) {
+    std::string bytes(1 << 20, '\0');
+    std::size_t used = 0;
+    auto* writer = archive_write_new();
+    archive_write_set_format_zip(writer);
+    archive_write_set_options(writer, options);
+    archive_write_open_memory(writer, bytes.data(), bytes.size(), &used);
+    for (const auto& [name, content] : files) {
+        auto* entry = archive_entry_new();
+        archive_entry_copy_pathname(entry, name.c_str());
+        archive_entry_set_filetype(entry, name.ends_with('/') ? AE_IFDIR : AE_IFREG);
+        archive_entry_set_perm(entry, 0644);
+        archive_entry_set_size(entry, static_cast<la_int64_t>(content.size()));
+        archive_write_header(writer, entry);
+        archive_write_data(writer, content.data(), content.size());
+        archive_entry_free(entry);
+    }
+    archive_write_close(writer);
+    archive_write_free(writer);
+    bytes.resize(used);
+    return bytes;
+}
+
+} // namespace test
