@@ -38,7 +38,10 @@ int frmMain::marksOf(ReleaseType type) {
         return arrayFind(storeFolders, "TC-" + selTC) != -1 ? 1 : 0;
     if (type == ReleaseType::ai)
         return arrayFind(storeFolders, "AI-" + selAI) != -1 ? 1 : 0;
-    return selectionOf(type).upperBound();
+    // After an interrupted run the selections hold an empty name.
+    const auto names = selectionOf(type).entries();
+    return static_cast<int>(
+        std::count_if(names.begin(), names.end(), [](const auto& name) { return !name.empty(); }));
 }
 
 } // namespace engine

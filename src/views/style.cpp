@@ -108,10 +108,7 @@ QLineEdit, QPlainTextEdit, QListView { background: @base; border: 1px solid @bor
 QLineEdit { padding: 5px 8px; }
 QPlainTextEdit { padding: 4px; }
 QLineEdit:focus, QPlainTextEdit:focus, QListView:focus { border: 1px solid @accent; }
-QComboBox { background: @raised; border: 1px solid @border; border-radius: 6px;
-            padding: 5px 8px; min-height: 1.3em; }
-QComboBox:focus { border: 1px solid @accent; }
-QComboBox:disabled, QLineEdit:disabled, QPlainTextEdit:disabled { color: @faint; }
+QLineEdit:disabled, QPlainTextEdit:disabled { color: @faint; }
 QProgressBar { border: 1px solid @border; border-radius: 6px; text-align: center;
                background: @base; }
 QProgressBar::chunk { background: @accent; border-radius: 5px; }

@@ -2,10 +2,13 @@
 #include "views/wizard_views.h"
 
 #include <QComboBox>
+#include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QProgressBar>
+#include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "platform/files.h"
@@ -14,21 +17,48 @@ namespace views {
 namespace {
 
 constexpr int gap = 8;
-constexpr int wizardWidth = 600;
+constexpr int smallGap = 6;
+constexpr int wizardWidth = 640;
+/// All three steps are to have room on a small screen.
+constexpr int aboutHeight = 76;
+constexpr int barWidth = 140;
 
 class WizardView : public WindowView {
   public:
-    using WindowView::WindowView;
+    WizardView(platform::Window& window, QtToolkit& toolkit) : WindowView(window, toolkit) {
+        resize(wizardWidth, 0);
+    }
 
   protected:
     /// Takes widgets and rows for one step, from top to bottom.
     QVBoxLayout* step(platform::Frame& frame) {
         auto* box = new QGroupBox(this);
-        bind(frame, box, [&frame, box] { box->setTitle(shown(frame.text())); });
+        bind(frame, box, [this, &frame, box] {
+            box->setTitle(shown(frame.text()));
+            // The other controls of the step follow in this same round of changes.
+            if (box->isVisibleTo(this) != frame.visible())
+                QTimer::singleShot(0, this, [this] { fitHeight(); });
+        });
         whole()->addWidget(box);
         auto* column = new QVBoxLayout(box);
-        column->setSpacing(gap);
+        column->setContentsMargins(gap, 2, gap, 2);
+        column->setSpacing(smallGap);
         return column;
+    }
+
+    /// Rows of a label and a field beside it.
+    QFormLayout* form(QVBoxLayout* column) {
+        auto* rows = new QFormLayout();
+        rows->setSpacing(smallGap);
+        rows->setLabelAlignment(Qt::AlignLeft);
+        column->addLayout(rows);
+        return rows;
+    }
+    template <typename Field>
+    Field* field(QFormLayout* rows, platform::Label& name, Field* widget) {
+        widget->setAccessibleName(shown(name.text()));
+        rows->addRow(label(name), widget);
+        return widget;
     }
 
     /// A field with its label above it.
@@ -42,9 +72,12 @@ class WizardView : public WindowView {
         return widget;
     }
 
-    void buttons(QVBoxLayout* column, platform::Button& back, platform::Button& next) {
+    /// Beside them there is room for news of the step.
+    QHBoxLayout* buttons(QVBoxLayout* column, platform::Button& back, platform::Button& next) {
         auto* row = new QHBoxLayout();
-        row->addStretch();
+        auto* news = new QHBoxLayout();
+        news->addStretch();
+        row->addLayout(news, 1);
         auto* backButton = button(back);
         auto* nextButton = button(next);
         nextButton->setDefault(true);
@@ -53,14 +86,17 @@ class WizardView : public WindowView {
         column->addLayout(row);
         // Forward is what is wanted more often.
         setTabOrder(nextButton, backButton);
-    }
-
-    void closeUp() {
-        whole()->addStretch();
-        resize(wizardWidth, sizeHint().height());
+        return news;
     }
 
   private:
+    void fitHeight() {
+        resize(width(), sizeHint().height());
+        const int below = frameGeometry().bottom() - screen()->availableGeometry().bottom();
+        if (below > 0)
+            move(x(), std::max(screen()->availableGeometry().top(), y() - below));
+    }
+
     QVBoxLayout* whole() {
         if (layout() == nullptr)
             (new QVBoxLayout(this))->setSpacing(gap);
@@ -72,10 +108,11 @@ class AddView final : public WizardView {
   public:
     AddView(installers::frmAdd& window, QtToolkit& toolkit) : WizardView(window, toolkit) {
         auto* first = step(window.fraS1);
-        auto* type = field(first, window.lbl1Type, comboBox(window.cbo1Type));
-        auto* name = field(first, window.lbl1Name, lineEdit(window.txt1Name));
-        auto* about = field(first, window.lbl1About, textEdit(window.txt1About));
-        about->setMinimumHeight(90);
+        auto* rows = form(first);
+        auto* type = field(rows, window.lbl1Type, comboBox(window.cbo1Type));
+        auto* name = field(rows, window.lbl1Name, lineEdit(window.txt1Name));
+        auto* about = field(rows, window.lbl1About, textEdit(window.txt1About));
+        about->setFixedHeight(aboutHeight);
         buttons(first, window.cmd1Prev, window.cmd1Next);
         setTabOrder(type, name);
         setTabOrder(name, about);
@@ -91,9 +128,13 @@ class AddView final : public WizardView {
         tools->addWidget(drop, 1);
         tools->addWidget(link(window.lbl2Copy));
         second->addLayout(tools);
-        second->addWidget(progressBar(window.bar2Files));
-        second->addWidget(label(window.lbl2Files));
-        buttons(second, window.cmd2Prev, window.cmd2Next);
+        auto* news = buttons(second, window.cmd2Prev, window.cmd2Next);
+        auto* copied = label(window.lbl2Files);
+        copied->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        news->addWidget(copied, 1);
+        auto* bar = progressBar(window.bar2Files);
+        bar->setMaximumWidth(barWidth);
+        news->addWidget(bar);
 
         auto* third = step(window.fraS3);
         auto* readme = field(third, window.lbl3ReadMe, lineEdit(window.txt3ReadMe));
@@ -104,7 +145,6 @@ class AddView final : public WizardView {
         third->addLayout(row);
         field(third, window.lbl3CCodes, lineEdit(window.txt3CCodes));
         buttons(third, window.cmd3prev, window.cmd3next);
-        closeUp();
     }
 };
 
@@ -112,8 +152,9 @@ class TamView final : public WizardView {
   public:
     TamView(installers::frmTAM& window, QtToolkit& toolkit) : WizardView(window, toolkit) {
         auto* first = step(window.fra1step);
-        field(first, window.lbl1TAMtype, comboBox(window.cbo1TAMtype));
-        field(first, window.lbl1VXLtype, comboBox(window.cbo1VXLtype));
+        auto* rows = form(first);
+        field(rows, window.lbl1TAMtype, comboBox(window.cbo1TAMtype));
+        field(rows, window.lbl1VXLtype, comboBox(window.cbo1VXLtype));
         buttons(first, window.cmd1Prev, window.cmd1Next);
 
         auto* second = step(window.fra2step);
@@ -128,7 +169,6 @@ class TamView final : public WizardView {
         auto* third = step(window.fra3step);
         field(third, window.lbl3info, listBox(window.lst3files));
         buttons(third, window.cmd3prev, window.cmd3next);
-        closeUp();
     }
 };
 
