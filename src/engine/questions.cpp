@@ -19,7 +19,9 @@ std::size_t frmMain::askInRow(MessageRow& row, const std::string& text,
         const auto answered = platform::replaceAll(platform::replaceAll(text, "\r\n\r\n", " "),
                                                    platform::lineBreak, " ") +
                               ": " + buttons[*known];
-        if (showReadme_.visible())
+        if (!row.hasLog())
+            toolkit().logged(answered);
+        else if (showReadme_.visible())
             showReadme_.appendLogLine(answered);
         else
             answeredAlike_.push_back(answered);

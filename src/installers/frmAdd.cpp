@@ -35,6 +35,7 @@ frmAdd::frmAdd(engine::frmMain& main)
     cmd1Next.onClick = [this] { cmd1Next_Click(); };
     lbl2Copy.onClick = [this] { lbl2Copy_Click(); };
     cmd2Files.onClick = [this] { cmd2Files_Click(); };
+    cmd2Folder.onClick = [this] { cmd2Folder_Click(); };
     cmd2Prev.onClick = [this] { cmd2Prev_Click(); };
     cmd2Next.onClick = [this] { cmd2Next_Click(); };
     cmd3Browse.onClick = [this] { cmd3Browse_Click(); };
@@ -70,8 +71,10 @@ std::string frmAdd::folderFor(const std::string& name) const {
 void frmAdd::txt1Name_LostFocus() {
     platform::attempt([&] {
         const auto path = folderFor(engine::folderForm(txt1Name.text())) + "\\info.txt";
+        auto about = txt1About.text();
         for (const auto& text : platform::splitLines(disk_.readFile(path)))
-            txt1About.setText(txt1About.text() + text + std::string(platform::lineBreak));
+            about += text + std::string(platform::lineBreak);
+        txt1About.setText(about);
     });
 }
 
@@ -85,12 +88,14 @@ void frmAdd::cmd1Next_Click() {
     if (txt1Name.text().empty())
         return main_.tell("You have to enter a display name.\r\n\r\nPlease do so now.");
     txt1Name.setText(engine::folderForm(taken));
-    txt2Where.setText(folderFor(txt1Name.text()));
-    platform::attempt([&] { disk_.makeFolder(txt2Where.text()); });
+    releaseFolder_ = folderFor(txt1Name.text());
+    txt2Where.setText(platform::shownPath(releaseFolder_));
+    platform::attempt([&] { disk_.makeFolder(releaseFolder_); });
     if (!saveAboutText()) {
         txt1Name.setText(taken);
         return;
     }
+    lbl2Files.setText("");
     GotoStep(2);
 }
 
@@ -99,7 +104,7 @@ bool frmAdd::saveAboutText() {
     if (txt1About.text().empty())
         return true;
     try {
-        disk_.replaceFile(txt2Where.text() + "\\info.txt",
+        disk_.replaceFile(releaseFolder_ + "\\info.txt",
                           txt1About.text() + std::string(platform::lineBreak));
         return true;
     } catch (const platform::Failure& failure) {
@@ -109,7 +114,7 @@ bool frmAdd::saveAboutText() {
 }
 
 void frmAdd::lbl2Copy_Click() {
-    toolkit_.setClipboard(disk_.systemPath(txt2Where.text()));
+    toolkit_.setClipboard(txt2Where.text());
 }
 
 /// While files are copied, the same button stops it.
@@ -124,27 +129,32 @@ void frmAdd::cmd2Files_Click() {
         copyMembers(files);
 }
 
+void frmAdd::cmd2Folder_Click() {
+    if (const auto folder = toolkit_.askForFolder({"Copy A Folder Here", "", {}}))
+        copyMembers({*folder});
+}
+
 void frmAdd::copyMembers(const std::vector<std::string>& paths) {
     copying_ = true;
     stopCopying_ = false;
     cmd2Files.setText("Stop Copying");
-    for (auto* button : {&cmd2Prev, &cmd2Next})
+    for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next})
         button->setEnabled(false);
     bar2Files.setDone(0);
     bar2Files.setVisible(true);
-    MemberImport import(main_, txt2Where.text(), [this](const MemberImport::Progress& progress) {
+    MemberImport import(main_, releaseFolder_, [this](const MemberImport::Progress& progress) {
         lbl2Files.setText(progress.file);
         bar2Files.setDone(progress.perMille);
         toolkit_.doEvents();
         return !stopCopying_;
     });
-    const int copied = import.copy(paths);
+    const auto [copied, leftOut] = import.copy(paths);
     bar2Files.setVisible(false);
-    lbl2Files.setText(std::to_string(copied) + (copied == 1 ? " file" : " files") +
-                      " copied to the release's directory" +
+    lbl2Files.setText(std::to_string(copied) + (copied == 1 ? " file" : " files") + " copied" +
+                      (leftOut > 0 ? ", " + std::to_string(leftOut) + " not" : "") +
                       (stopCopying_ ? ", then stopped." : "."));
     cmd2Files.setText("Copy Files Here...");
-    for (auto* button : {&cmd2Prev, &cmd2Next})
+    for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next})
         button->setEnabled(true);
     copying_ = false;
 }
@@ -157,7 +167,7 @@ void frmAdd::cmd2Prev_Click() {
 void frmAdd::cmd2Next_Click() {
     GotoStep(3);
     loadCCodes();
-    if (!platform::attempt([&] { disk_.readFile(txt2Where.text() + "\\readme.txt"); }))
+    if (!platform::attempt([&] { disk_.mapFile(releaseFolder_ + "\\readme.txt"); }))
         return;
     lbl3ReadMe.setEnabled(false);
     txt3ReadMe.setEnabled(false);
@@ -171,7 +181,7 @@ void frmAdd::loadCCodes() {
     std::string codes;
     platform::attempt([&] {
         for (const auto& code :
-             platform::splitLines(disk_.readFile(txt2Where.text() + "\\ccodes.txt")))
+             platform::splitLines(disk_.readFile(releaseFolder_ + "\\ccodes.txt")))
             codes += " " + code;
     });
     loadedCodes_ = codes.empty() ? "" : codes.substr(1);
@@ -179,7 +189,7 @@ void frmAdd::loadCCodes() {
 }
 
 void frmAdd::cmd3Browse_Click() {
-    cdc.folder = disk_.systemPath(txt2Where.text());
+    cdc.folder = txt2Where.text();
     const auto file = toolkit_.askForFile({cdc.title, cdc.filter, cdc.folder});
     if (!file)
         return;
@@ -188,30 +198,22 @@ void frmAdd::cmd3Browse_Click() {
 }
 
 void frmAdd::cmd3next_Click() {
-    if (!saveCCodes())
-        return;
-    platform::attempt(
-        [&] { disk_.copyFile(txt3ReadMe.text(), txt2Where.text() + "\\readme.txt"); });
+    saveCCodes();
+    platform::attempt([&] { disk_.copyFile(txt3ReadMe.text(), releaseFolder_ + "\\readme.txt"); });
     main_.tell("The " + engine::displayForm(txt1Name.text()) + " " + tag +
                " has been added successfully!\r\n\r\nIt will be available next time you run "
                "Vexillum");
     closeWindow();
 }
 
-/// An empty box leaves codes that are there already. Tells of a failure.
-bool frmAdd::saveCCodes() {
+/// An empty box leaves codes that are there already. Passes over a failure.
+void frmAdd::saveCCodes() {
     txt3CCodes.setText(trimmedBlanks(txt3CCodes.text()));
     if (txt3CCodes.text().empty())
-        return true;
-    try {
-        disk_.replaceFile(txt2Where.text() + "\\ccodes.txt",
-                          platform::replaceAll(txt3CCodes.text(), " ", platform::lineBreak) +
-                              std::string(platform::lineBreak));
-        return true;
-    } catch (const platform::Failure& failure) {
-        main_.tell("The compatibility codes could not be saved.\r\n\r\n" + failure.reason());
-        return false;
-    }
+        return;
+    const auto codes = platform::replaceAll(txt3CCodes.text(), " ", platform::lineBreak) +
+                       std::string(platform::lineBreak);
+    platform::attempt([&] { disk_.replaceFile(releaseFolder_ + "\\ccodes.txt", codes); });
 }
 
 } // namespace installers

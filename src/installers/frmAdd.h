@@ -46,6 +46,7 @@ class frmAdd : public platform::Window {
     platform::TextBox txt2Where{*this, "txt2Where", platform::TextBox::Kind::readOnlyLine};
     platform::Label lbl2Copy{*this, "lbl2Copy", "(Copy Path to Clipboard)"};
     platform::Button cmd2Files{*this, "cmd2Files", "Copy Files Here..."};
+    platform::Button cmd2Folder{*this, "cmd2Folder", "Copy A Folder Here..."};
     platform::ProgressBar bar2Files{*this, "bar2Files"};
     platform::Label lbl2Files{*this, "lbl2Files"};
     platform::Button cmd2Prev{*this, "cmd2Prev", "Previous Step"};
@@ -66,12 +67,13 @@ class frmAdd : public platform::Window {
     void cmd1Next_Click();
     void lbl2Copy_Click();
     void cmd2Files_Click();
+    void cmd2Folder_Click();
     void cmd2Prev_Click();
     void cmd2Next_Click();
     void cmd3Browse_Click();
     void cmd3next_Click();
     void loadCCodes();
-    bool saveCCodes();
+    void saveCCodes();
     bool saveAboutText();
     std::string folderFor(const std::string& name) const;
     void copyMembers(const std::vector<std::string>& paths);
@@ -80,6 +82,8 @@ class frmAdd : public platform::Window {
     engine::frmMain& main_;
     platform::Toolkit& toolkit_;
     platform::Disk& disk_;
+    /// The release's folder; the box shows it in the system's form.
+    std::string releaseFolder_;
     /// What the codes box was given last, to tell what the user has typed from what was loaded.
     std::string loadedCodes_;
     bool copying_ = false;

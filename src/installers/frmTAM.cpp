@@ -6,6 +6,7 @@
 #include "engine/frmMain.h"
 #include "installers/steps.h"
 #include "platform/failure.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 
 namespace installers {
@@ -27,6 +28,15 @@ constexpr std::array<TypeNames, 6> tamTypes = {{
 }};
 
 constexpr std::size_t vxlPrefixLength = 4;
+
+/// With one kind of separator, and without parts that name the folder itself.
+std::string plainPath(const std::string& path) {
+    std::string plain;
+    for (const auto& part : platform::splitPath(platform::replaceAll(path, "/", "\\")))
+        if (part != ".")
+            plain += (plain.empty() ? "" : "\\") + part;
+    return plain;
+}
 
 } // namespace
 
@@ -120,7 +130,7 @@ bool frmTAM::convert(TamType type) {
     try {
         const auto data = type == TamType::ufo ? "" : disk_.readFile(path);
         for (const auto& step : convertTam(type, path.substr(cut + 1), data, shortType))
-            if (!carryOut(step))
+            if (toolkit_.doEvents(); !carryOut(step))
                 return false;
     } catch (const platform::Failure&) {
         main_.tell(std::string(somethingBad));
@@ -161,13 +171,15 @@ bool frmTAM::makeReleaseFolder(const std::string& name) {
     return true;
 }
 
-/// A member that is not there is no failure.
+/// A member that is not there is no failure. One behind a link lies outside the folder.
 void frmTAM::copyMember(const TamStep& step) {
-    const auto from = dataFolder_ + "\\" + platform::replaceAll(step.from, "/", "\\");
+    if (disk_.leadsThroughLink(dataFolder_, plainPath(step.from)))
+        throw platform::Failure("copy", step.from, "a link leads to it");
+    const auto from = dataFolder_ + "\\" + plainPath(step.from);
     const bool isThere = main_.DoesFileExist(from);
     if (!isThere && step.kind == TamStep::Kind::copyIfThere)
         return;
-    const auto to = main_.TADir + releaseFolder_ + "\\" + platform::replaceAll(step.to, "/", "\\");
+    const auto to = main_.TADir + releaseFolder_ + "\\" + plainPath(step.to);
     main_.CopyFile(from, to, false);
     const char* failed = main_.DoesFileExist(to) ? "" : "could not be copied";
     listFile(step.to, isThere ? failed : "not found");

@@ -20,6 +20,10 @@ std::string topOf(const std::string& path) {
     return path.substr(0, path.find('\\'));
 }
 
+std::string couldNotBeCopied(const std::string& file, const std::string& reason) {
+    return "\"" + platform::shownPath(file) + "\" could not be copied.\r\n\r\n" + reason;
+}
+
 } // namespace
 
 std::string belowTop(const std::string& path, const std::string& topFolder) {
@@ -52,47 +56,56 @@ MemberImport::MemberImport(engine::frmMain& main, std::string folder, OnProgress
     : main_(main), disk_(main.machine().disk), folder_(std::move(folder)),
       onProgress_(std::move(onProgress)) {}
 
-int MemberImport::copy(const std::vector<std::string>& paths) {
-    for (const auto& path : paths)
-        plan(path, nameOf(path));
+MemberImport::Result MemberImport::copy(const std::vector<std::string>& paths) {
+    platform::attempt([&] { disk_.makeFolder(folder_); });
     try {
+        for (auto path : paths) {
+            while (path.size() > 1 && (path.ends_with('/') || path.ends_with('\\')))
+                path.pop_back();
+            plan(path, nameOf(path));
+        }
         for (const auto& source : sources_)
             carryOut(source);
     } catch (const Stop&) {
         // What has been copied stays.
     }
-    return copied_;
+    return result_;
 }
 
 void MemberImport::plan(const std::string& path, const std::string& target) {
-    const auto kind = disk_.kindOf(path);
-    if (kind == platform::EntryKind::none)
+    current_ = target;
+    advance(0);
+    switch (disk_.kindOf(path)) {
+    case platform::EntryKind::none:
         return tellOfFailure(nameOf(path), "It is not there any more.");
-    if (kind == platform::EntryKind::file) {
-        const bool isTop = target.find('\\') == std::string::npos;
-        if (isTop && platform::endsWithIgnoringCase(target, ".zip"))
-            return planZip(path);
-        std::uint64_t size = 0;
-        platform::attempt([&] { size = disk_.mapFile(path)->bytes().size(); });
-        all_ += size;
-        sources_.push_back({path, {target, false, size}});
-        return;
+    case platform::EntryKind::file:
+        return platform::endsWithIgnoringCase(target, ".zip") ? planZip(path)
+                                                              : planFile(path, target);
+    default:
+        break;
     }
     sources_.push_back({path, {target, true, 0}});
     try {
         for (const auto& name : disk_.folderNames(path))
             plan(path + "\\" + name, target + "\\" + name);
+        // A link to a folder is listed as a file. It is not followed: it may lead round in a ring.
         for (const auto& name : disk_.fileNames(path))
-            plan(path + "\\" + name, target + "\\" + name);
+            planFile(path + "\\" + name, target + "\\" + name);
     } catch (const platform::Failure& failure) {
         tellOfFailure(target, failure.reason());
     }
 }
 
+void MemberImport::planFile(const std::string& path, const std::string& target) {
+    std::uint64_t size = 0;
+    platform::attempt([&] { size = disk_.mapFile(path)->bytes().size(); });
+    all_ += size;
+    sources_.push_back({path, {target, false, size}});
+}
+
 void MemberImport::planZip(const std::string& path) {
     try {
-        const auto view = disk_.mapFile(path);
-        platform::ZipReader archive(view->bytes());
+        platform::ZipReader archive(disk_.systemPath(path));
         const auto contents = contentsOf(archive);
         for (const auto& name : contents.leftOut)
             tellOfFailure(name,
@@ -110,7 +123,7 @@ void MemberImport::carryOut(const Source& source) {
     if (source.isArchive)
         return unpack(source.path);
     if (source.member.isFolder) {
-        platform::attempt([&] { makeFolders(source.member.path); });
+        makeMemberFolder(source.member.path);
         return;
     }
     write(source.member.path, [&](const std::string& target) {
@@ -120,16 +133,16 @@ void MemberImport::carryOut(const Source& source) {
 
 void MemberImport::unpack(const std::string& path) {
     try {
-        const auto view = disk_.mapFile(path);
-        platform::ZipReader listing(view->bytes());
+        const auto file = disk_.systemPath(path);
+        platform::ZipReader listing(file);
         const auto top = contentsOf(listing).topFolder;
-        platform::ZipReader archive(view->bytes());
+        platform::ZipReader archive(file);
         while (const auto entry = archive.next()) {
             const auto member = entry->isTrusted ? belowTop(entry->path, top) : "";
             if (member.empty())
                 continue;
             if (entry->isFolder) {
-                platform::attempt([&] { makeFolders(member); });
+                makeMemberFolder(member);
                 continue;
             }
             write(member, [&](const std::string& target) {
@@ -156,6 +169,14 @@ void MemberImport::makeFolders(const std::string& path) {
     }
 }
 
+void MemberImport::makeMemberFolder(const std::string& path) {
+    try {
+        makeFolders(path);
+    } catch (const platform::Failure& failure) {
+        tellOfFailure(path, failure.reason());
+    }
+}
+
 bool MemberImport::mayWrite(const std::string& path) {
     switch (disk_.kindOf(folder_ + "\\" + path)) {
     case platform::EntryKind::none:
@@ -167,7 +188,8 @@ bool MemberImport::mayWrite(const std::string& path) {
                                   "to replace it?",
                               {"No", "Yes"}) == 1;
     default:
-        tellOfFailure(path, "A directory of that name is there.");
+        main_.askInRow(failures_, couldNotBeCopied(path, "A directory of that name is there."),
+                       {"OK"});
         return false;
     }
 }
@@ -176,13 +198,15 @@ void MemberImport::write(const std::string& path,
                          const std::function<void(const std::string& target)>& step) {
     current_ = platform::shownPath(path);
     advance(0);
-    if (!mayWrite(path))
+    if (!mayWrite(path)) {
+        ++result_.leftOut;
         return;
+    }
     try {
         if (const auto cut = path.rfind('\\'); cut != std::string::npos)
             makeFolders(path.substr(0, cut));
         step(folder_ + "\\" + path);
-        ++copied_;
+        ++result_.copied;
     } catch (const platform::Failure& failure) {
         tellOfFailure(path, failure.reason());
     }
@@ -196,9 +220,8 @@ void MemberImport::advance(std::uint64_t bytes) {
 }
 
 void MemberImport::tellOfFailure(const std::string& file, const std::string& reason) {
-    main_.askInRow(failures_,
-                   "\"" + platform::shownPath(file) + "\" could not be copied.\r\n\r\n" + reason,
-                   {"OK"});
+    ++result_.leftOut;
+    main_.askInRow(failures_, couldNotBeCopied(file, reason), {"OK"});
 }
 
 } // namespace installers

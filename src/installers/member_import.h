@@ -44,12 +44,18 @@ class MemberImport {
     /// False stops the copying at once; the file at hand is not kept.
     using OnProgress = std::function<bool(const Progress&)>;
 
+    /// Numbers of files; an archive that cannot be read counts as one.
+    struct Result {
+        int copied = 0;
+        int leftOut = 0;
+    };
+
     MemberImport(engine::frmMain& main, std::string folder, OnProgress onProgress);
 
     /// Copies files and folders, by paths in the system's form, and unpacks archives whose names
     /// end in ".zip". Nothing is replaced unless the user says so. What cannot be copied is told
-    /// of, and the rest goes on. Returns the number of files copied.
-    int copy(const std::vector<std::string>& paths);
+    /// of, and the rest goes on.
+    Result copy(const std::vector<std::string>& paths);
 
   private:
     struct Source {
@@ -59,10 +65,12 @@ class MemberImport {
     };
 
     void plan(const std::string& path, const std::string& target);
+    void planFile(const std::string& path, const std::string& target);
     void planZip(const std::string& path);
     void carryOut(const Source& source);
     void unpack(const std::string& path);
     void makeFolders(const std::string& path);
+    void makeMemberFolder(const std::string& path);
     bool mayWrite(const std::string& path);
     /// Runs a step for a file, tells of its failure. Throws Stop where the user has had enough.
     void write(const std::string& path, const std::function<void(const std::string& target)>& step);
@@ -74,12 +82,12 @@ class MemberImport {
     std::string folder_;
     OnProgress onProgress_;
     std::vector<Source> sources_;
-    engine::MessageRow replacements_;
-    engine::MessageRow failures_;
+    engine::MessageRow replacements_ = engine::MessageRow::withoutLog();
+    engine::MessageRow failures_ = engine::MessageRow::withoutLog();
     std::string current_;
     std::uint64_t all_ = 0;
     std::uint64_t done_ = 0;
-    int copied_ = 0;
+    Result result_;
 };
 
 } // namespace installers

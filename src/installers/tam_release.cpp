@@ -17,6 +17,8 @@ namespace {
 using Kind = TamStep::Kind;
 using platform::replaceAll;
 
+constexpr std::size_t longestMemberPath = 1000;
+
 /// What is told where the data file ends too early.
 struct Missing {
     const char* name;
@@ -68,9 +70,8 @@ class Conversion {
     void ai() {
         if (!head(missingOfAI))
             return;
-        const auto stem = withoutEnd(fileName_, 3);
         for (int number = 1; hasLine(); ++next_, ++number)
-            copy(Kind::copy, stem + "(" + std::to_string(number) + ")", line());
+            copy(Kind::copy, withoutEnd(fileName_, 3) + "(" + std::to_string(number) + ")", line());
     }
 
     void mutator() {
@@ -165,7 +166,8 @@ class Conversion {
 bool staysBelow(std::string_view path) {
     const auto plain = replaceAll(path, "/", "\\");
     const auto parts = platform::splitPath(plain);
-    return !plain.starts_with('\\') && !platform::isDrive(std::string_view(plain).substr(0, 2)) &&
+    return path.size() <= longestMemberPath && !plain.starts_with('\\') &&
+           !platform::isDrive(std::string_view(plain).substr(0, 2)) &&
            plain.find('\0') == std::string::npos &&
            std::find(parts.begin(), parts.end(), "..") == parts.end();
 }

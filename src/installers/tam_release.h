@@ -34,7 +34,8 @@ std::vector<TamStep> convertTam(TamType type, std::string_view fileName, std::st
 /// What is told of every failure without a message of its own.
 inline constexpr std::string_view somethingBad = "Error: something bad happened";
 
-/// Whether a member's path stays below the folder it belongs to. Both separators count.
+/// Whether a member's path stays below the folder it belongs to and has a length that a disk can
+/// hold. Both separators count.
 bool staysBelow(std::string_view path);
 
 } // namespace installers

@@ -65,6 +65,11 @@ class Disk {
     virtual std::vector<std::string> folderNames(const std::string& path) = 0;
     virtual std::vector<std::string> fileNames(const std::string& path) = 0;
 
+    /// Whether an entry below a folder is a link or lies behind one. Below the game directory that
+    /// makes no difference, but a folder of the user's own is read through links.
+    virtual bool leadsThroughLink(const std::string& folder, const std::string& relative) = 0;
+
+    /// Fails for a file too large to be a text.
     virtual std::string readFile(const std::string& path) = 0;
 
     /// Maps a file: only what is looked at is read.

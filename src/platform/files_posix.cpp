@@ -30,6 +30,8 @@ namespace platform {
 namespace {
 
 constexpr unsigned noReplace = 1; // RENAME_NOREPLACE, which not every C library names
+/// Far more than any text that the program reads whole.
+constexpr off_t largestText = off_t{1} << 28U;
 constexpr std::size_t mostOpenFolders = 200;
 constexpr auto handlesLast = std::chrono::milliseconds(250);
 constexpr auto listingIsFresh = std::chrono::milliseconds(100);
@@ -213,6 +215,8 @@ std::string readAll(int file, std::string_view path) {
         fail("read", path);
     if (!S_ISREG(found.st_mode))
         fail("read", path, EINVAL);
+    if (found.st_size > largestText)
+        fail("read", path, EFBIG);
     // One byte more than there should be, so that the end shows without another block.
     std::size_t done = 0;
     bytes.resize(static_cast<std::size_t>(found.st_size) + 1);
@@ -537,6 +541,23 @@ class PosixDisk final : public Disk {
         part.replace(leaf);
         made.keep();
         folder->noteAdded(leaf);
+    }
+
+    bool leadsThroughLink(const std::string& folder, const std::string& relative) override {
+        refresh();
+        auto path = folder;
+        for (const auto& part : splitPath(relative)) {
+            path += "\\" + part;
+            const auto place = placeOf(path);
+            const auto parent = tryOpen(place, place.parts.size() - 1);
+            const auto name = parent ? parent->spelling(part) : std::nullopt;
+            struct stat found {};
+            if (name &&
+                ::fstatat(parent->handle(), name->c_str(), &found, AT_SYMLINK_NOFOLLOW) == 0 &&
+                S_ISLNK(found.st_mode))
+                return true;
+        }
+        return false;
     }
 
     void removeFile(const std::string& path) override { remove(path, 0); }

@@ -219,6 +219,18 @@ class WindowsDisk final : public Disk {
         putInPlace(part, to, "copy");
     }
 
+    bool leadsThroughLink(const std::string& folder, const std::string& relative) override {
+        auto path = folder;
+        for (const auto& part : splitPath(relative)) {
+            path += "\\" + part;
+            const auto attributes = GetFileAttributesW(nameOf(path).c_str());
+            if (attributes != INVALID_FILE_ATTRIBUTES &&
+                (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0)
+                return true;
+        }
+        return false;
+    }
+
     void removeFile(const std::string& path) override {
         checkChange(path, "remove");
         if (DeleteFileW(nameOf(path).c_str()) == 0)

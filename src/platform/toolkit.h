@@ -58,6 +58,7 @@ class Toolkit {
     virtual std::optional<std::string> askForFile(const FileDialog& dialog) = 0;
     /// The same for any number of files; none where the user cancels.
     virtual std::vector<std::string> askForFiles(const FileDialog& dialog) = 0;
+    virtual std::optional<std::string> askForFolder(const FileDialog& dialog) = 0;
     virtual void setClipboard(const std::string& text) = 0;
 
     /// Lets pending events run. Cheap enough for the inside of any loop.

@@ -4,12 +4,17 @@
 #include <algorithm>
 #include <array>
 
+#include <locale.h>
+
 #include <archive.h>
 #include <archive_entry.h>
 
 #include "platform/failure.h"
 #include "platform/paths.h"
 #include "platform/text.h"
+#ifdef _WIN32
+#include "platform/windows_text.h"
+#endif
 
 namespace platform {
 namespace {
@@ -34,6 +39,43 @@ bool canBeTrusted(const std::string& name, const std::string& path) {
                         [](char c) { return static_cast<unsigned char>(c) < ' '; });
 }
 
+/// Names come out in the encoding of the locale, and in the plainest one most of them do not come
+/// out at all.
+class Utf8Locale {
+  public:
+#ifdef _WIN32
+    Utf8Locale() = default;
+#else
+    Utf8Locale() : own_(::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)) {
+        if (own_ != nullptr)
+            before_ = ::uselocale(own_);
+    }
+    ~Utf8Locale() {
+        if (own_ == nullptr)
+            return;
+        ::uselocale(before_);
+        ::freelocale(own_);
+    }
+#endif
+    Utf8Locale(const Utf8Locale&) = delete;
+    Utf8Locale& operator=(const Utf8Locale&) = delete;
+
+  private:
+#ifndef _WIN32
+    locale_t own_;
+    locale_t before_ = nullptr;
+#endif
+};
+
+int openFile(archive* reader, const std::string& systemPath) {
+    constexpr std::size_t blockSize = 1U << 16U;
+#ifdef _WIN32
+    return archive_read_open_filename_w(reader, windows::wide(systemPath).c_str(), blockSize);
+#else
+    return archive_read_open_filename(reader, systemPath.c_str(), blockSize);
+#endif
+}
+
 } // namespace
 
 struct ZipReader::Handle {
@@ -47,8 +89,10 @@ struct ZipReader::Handle {
     Handle& operator=(const Handle&) = delete;
 
     [[noreturn]] void fail(const char* call) const {
-        const char* reason = archive_error_string(reader);
-        throw Failure(call, "the archive", reason != nullptr ? reason : "it is damaged");
+        const char* said = archive_error_string(reader);
+        std::string reason = said != nullptr ? said : "it is damaged";
+        reason.erase(reason.find_last_not_of(" \r\n") + 1);
+        throw Failure(call, "the archive", reason);
     }
 };
 
@@ -58,18 +102,22 @@ ZipReader::ZipReader(std::span<const std::uint8_t> bytes) : handle_(std::make_un
         handle_->fail("open");
 }
 
+ZipReader::ZipReader(const std::string& systemPath) : handle_(std::make_unique<Handle>()) {
+    if (archive_read_support_format_zip(handle_->reader) != ARCHIVE_OK ||
+        openFile(handle_->reader, systemPath) != ARCHIVE_OK)
+        handle_->fail("open");
+}
+
 ZipReader::~ZipReader() = default;
 
 std::optional<ZipReader::Entry> ZipReader::next() {
+    const Utf8Locale names;
     const int result = archive_read_next_header(handle_->reader, &handle_->entry);
     if (result == ARCHIVE_EOF)
         return std::nullopt;
     if (result != ARCHIVE_OK && result != ARCHIVE_WARN)
         handle_->fail("read");
-    // Which of the two there is depends on the locale.
     const char* name = archive_entry_pathname(handle_->entry);
-    if (name == nullptr)
-        name = archive_entry_pathname_utf8(handle_->entry);
     Entry found;
     if (name == nullptr)
         return found;

@@ -12,7 +12,7 @@
 
 namespace platform {
 
-/// Goes through one archive, entry by entry. The bytes must outlive it.
+/// Goes through one archive, entry by entry. Bytes must outlive it.
 class ZipReader {
   public:
     struct Entry {
@@ -26,6 +26,9 @@ class ZipReader {
 
     /// Throws Failure if the bytes are no zip archive.
     explicit ZipReader(std::span<const std::uint8_t> bytes);
+    /// Reads a file, by its path in the system's form, piece by piece: it may be cut short by
+    /// others meanwhile. Throws Failure if it is no zip archive.
+    explicit ZipReader(const std::string& systemPath);
     ~ZipReader();
     ZipReader(const ZipReader&) = delete;
     ZipReader& operator=(const ZipReader&) = delete;

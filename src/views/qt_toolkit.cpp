@@ -160,6 +160,13 @@ std::vector<std::string> QtToolkit::askForFiles(const platform::FileDialog& dial
     return files;
 }
 
+std::optional<std::string> QtToolkit::askForFolder(const platform::FileDialog& dialog) {
+    refresher_.flush();
+    const auto path =
+        QFileDialog::getExistingDirectory(boxParent(), shown(dialog.title), shown(dialog.folder));
+    return path.isEmpty() ? std::nullopt : std::optional(nativePath(path));
+}
+
 void QtToolkit::setClipboard(const std::string& text) {
     QApplication::clipboard()->setText(shown(text));
 }

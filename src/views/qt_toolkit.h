@@ -32,6 +32,7 @@ class QtToolkit : public platform::Toolkit {
     std::optional<std::string> askForText(const platform::InputBox& box) override;
     std::optional<std::string> askForFile(const platform::FileDialog& dialog) override;
     std::vector<std::string> askForFiles(const platform::FileDialog& dialog) override;
+    std::optional<std::string> askForFolder(const platform::FileDialog& dialog) override;
     void setClipboard(const std::string& text) override;
     void doEvents() override;
     void waitForUser() override;

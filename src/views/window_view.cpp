@@ -12,7 +12,6 @@
 #include <QTextCursor>
 #include <QTimer>
 
-#include "platform/files.h"
 #include "views/cut_text_tip.h"
 #include "views/mark_list_view.h"
 #include "views/qt_toolkit.h"
@@ -166,20 +165,11 @@ QPushButton* WindowView::button(platform::Button& control) {
 }
 
 QLineEdit* WindowView::lineEdit(platform::TextBox& control) {
-    return lineEdit(control, shown);
-}
-
-QLineEdit* WindowView::pathEdit(platform::TextBox& control) {
-    return lineEdit(control,
-                    [](std::string_view path) { return shown(platform::shownPath(path)); });
-}
-
-QLineEdit* WindowView::lineEdit(platform::TextBox& control, ShowText showText) {
     auto* widget = new QLineEdit(this);
     widget->setReadOnly(control.readOnly());
     tipWhereCut(widget);
-    bind(control, widget, [&control, widget, showText] {
-        if (const auto text = showText(control.text()); widget->text() != text) {
+    bind(control, widget, [&control, widget] {
+        if (const auto text = shown(control.text()); widget->text() != text) {
             widget->setText(text);
             widget->setCursorPosition(0);
         }
@@ -265,7 +255,7 @@ QListWidget* WindowView::listBox(platform::ListBox& control) {
     bind(control, widget, [&control, widget] {
         widget->clear();
         for (const auto& item : control.items()) {
-            const auto text = shown(platform::shownPath(item.text));
+            const auto text = shown(item.text);
             const auto note = item.note.empty() ? "" : "   (" + shown(item.note) + ")";
             auto* row = new QListWidgetItem(text + note, widget);
             if (!item.note.empty())

@@ -37,8 +37,6 @@ class WindowView : public QWidget {
     QPushButton* link(platform::Label& control);
     QPushButton* button(platform::Button& control);
     QLineEdit* lineEdit(platform::TextBox& control);
-    /// The same for a path, which is shown in the system's form.
-    QLineEdit* pathEdit(platform::TextBox& control);
     QPlainTextEdit* textEdit(platform::TextBox& control);
     QTabBar* tabBar(platform::TabStrip& control);
     QComboBox* comboBox(platform::ComboBox& control);
@@ -62,8 +60,6 @@ class WindowView : public QWidget {
     QtToolkit& toolkit_;
 
   private:
-    using ShowText = QString (*)(std::string_view bytes);
-    QLineEdit* lineEdit(platform::TextBox& control, ShowText showText);
     /// Tells the logic when the user leaves a box for another control.
     void watchLeaving(platform::TextBox& control, QWidget* widget);
     void pressDefaultButton();

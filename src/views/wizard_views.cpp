@@ -11,8 +11,6 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "platform/files.h"
-
 namespace views {
 namespace {
 
@@ -119,12 +117,13 @@ class AddView final : public WizardView {
         setTabOrder(about, findChild<QWidget*>("cmd1Next"));
 
         auto* second = step(window.fraS2);
-        auto* where = pathEdit(window.txt2Where);
+        auto* where = lineEdit(window.txt2Where);
         field(second, window.lbl2Where, where);
         findChild<QLabel*>("lbl2Where")->setWordWrap(true);
         auto* tools = new QHBoxLayout();
         tools->addWidget(button(window.cmd2Files));
-        auto* drop = new QLabel("or drop files, folders and .zip archives here", this);
+        tools->addWidget(button(window.cmd2Folder));
+        auto* drop = new QLabel("or drop files and .zip archives here", this);
         tools->addWidget(drop, 1);
         tools->addWidget(link(window.lbl2Copy));
         second->addLayout(tools);

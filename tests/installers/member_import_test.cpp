@@ -30,7 +30,9 @@ class MemberImportTest : public testing::Test {
                                  progress.push_back(at.perMille);
                                  return progress.size() < stopAt;
                              });
-        return members.copy(paths);
+        const auto result = members.copy(paths);
+        leftOut = result.leftOut;
+        return result.copied;
     }
     std::string outside(const std::string& path, const std::string& content) {
         game.put("outside/" + path, content);
@@ -53,6 +55,7 @@ class MemberImportTest : public testing::Test {
     platform::headless::RecordedPrograms programs{*disk, [](const auto&) {}};
     engine::frmMain main{{*disk, toolkit, programs, game.folder(), "", ""}};
     std::vector<int> progress;
+    int leftOut = 0;
     std::size_t stopAt = 1'000'000;
 };
 
@@ -103,6 +106,7 @@ TEST_F(MemberImportTest, names_that_lead_out_are_left_out_and_told_of) {
     EXPECT_EQ(member("good"), "g");
     EXPECT_EQ(member("dir/windows"), "w");
     EXPECT_EQ(told.size(), 7U);
+    EXPECT_EQ(leftOut, 7);
     for (const auto& [path, content] : game.files())
         EXPECT_EQ(path.find("evil"), std::string::npos) << path;
 }
@@ -146,6 +150,31 @@ TEST_F(MemberImportTest, the_user_may_stop_in_the_middle_of_a_file) {
     EXPECT_EQ(import({first, large}), 1);
     EXPECT_TRUE(member("first"));
     EXPECT_FALSE(member("large"));
+}
+
+TEST_F(MemberImportTest, names_in_any_language_come_through) {
+    const std::string german = "gr\xC3\xBCn/read.txt";
+    const std::string oldTool = "\x81lt.txt"; // no UTF-8
+    const auto pack = test::packZip({{german, "g"}, {"a/b", "b"}}, "zip:hdrcharset=UTF-8");
+    auto old = test::packZip({{"@lt.txt", "o"}});
+    std::replace(old.begin(), old.end(), '@', oldTool[0]);
+    EXPECT_EQ(import({outside("pack.zip", pack), outside("old.zip", old)}), 3);
+    EXPECT_EQ(member(german), "g");
+    EXPECT_EQ(member(oldTool), "o");
+}
+
+TEST_F(MemberImportTest, links_are_not_followed_round_in_a_ring) {
+    outside("pack/a", "a");
+    std::filesystem::create_symlink(".", game.at("outside/pack/ring"));
+    EXPECT_EQ(import({game.folder() + "/outside/pack/"}), 1);
+    EXPECT_EQ(member("pack/a"), "a");
+    EXPECT_EQ(leftOut, 1);
+}
+
+TEST_F(MemberImportTest, a_folder_that_has_vanished_is_made_anew) {
+    release = "Map-Gone";
+    EXPECT_EQ(import({outside("pack.zip", test::packZip({{"a", "a"}}))}), 1);
+    EXPECT_EQ(member("a"), "a");
 }
 
 TEST_F(MemberImportTest, the_release_copied_into_itself_has_an_end) {

@@ -69,4 +69,17 @@ TEST(TamPairsTest, every_pair_of_types_becomes_a_release) {
         }
 }
 
+TEST(TamLinkTest, a_member_behind_a_link_is_not_read) {
+    const test::Game game;
+    game.put("secret/file.txt", "secret");
+    game.put("pack/a.tc", "Linked\r\nText\r\nany\r\nway\\file.txt got.txt\r\n");
+    std::filesystem::create_symlink("../secret", game.at("pack/way"));
+    const auto session = test::play(
+        game, "click mnuUconverter\npick cbo1TAMtype TAM TC\npick cbo1VXLtype VXL TC\n"
+              "click cmd1Next\nanswer " +
+                  game.folder() + "/pack/a.tc\nclick cmd2Browse\nclick cmd2Next\nclick cmd3next\n");
+    EXPECT_EQ(test::fieldOf(session, "message", "text").back(), "Error: something bad happened");
+    EXPECT_FALSE(game.has("Vexillum/TC-Linked/got.txt"));
+}
+
 } // namespace

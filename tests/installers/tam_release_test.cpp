@@ -119,6 +119,9 @@ TEST(TamReleaseTest, a_line_that_makes_no_sense_ends_the_conversion_after_what_c
               head + soft.substr(0, soft.size() - 3));
     EXPECT_EQ(told(TamType::mutator, "tam", start), head + bad);
     EXPECT_EQ(told(TamType::ufo, "ufo", ""), bad);
+    const auto deep = std::string(1001, 'a');
+    EXPECT_EQ(told(TamType::tc, "a.tc", start + "x " + deep), head + bad);
+    EXPECT_EQ(told(TamType::ai, "ai", start), head.substr(0, head.size() - 3));
     for (const auto* path : {"..\\x", "a\\..\\x", "\\x", "/x", "C:\\x", "c:x", "a/../x"}) {
         EXPECT_EQ(told(TamType::tc, "a.tc", start + "x " + path), head + bad) << path;
         EXPECT_EQ(told(TamType::tc, "a.tc", start + path + " x"), head + bad) << path;

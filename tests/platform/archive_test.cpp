@@ -14,7 +14,6 @@ namespace {
 using test::packArchive;
 using test::PackedFiles;
 using test::Packing;
-using test::PackOptions;
 
 Bytes asBytes(const std::string& text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};

@@ -33,6 +33,9 @@ class FaultyDisk final : public platform::Disk {
     std::vector<std::string> fileNames(const std::string& path) override {
         return disk_.fileNames(path);
     }
+    bool leadsThroughLink(const std::string& folder, const std::string& relative) override {
+        return disk_.leadsThroughLink(folder, relative);
+    }
     std::string readFile(const std::string& path) override { return disk_.readFile(path); }
     std::unique_ptr<platform::FileView> mapFile(const std::string& path) override {
         return disk_.mapFile(path);

@@ -1,12 +1,17 @@
 // By libarchive, which asks nothing of the names.
 #include "support/zip_writer.h"
 
+#include <locale.h>
+
 #include <archive.h>
 #include <archive_entry.h>
 
 namespace test {
 
 std::string packZip(const PackedFiles& files, const char* options) {
+    // Names are converted by the locale; in the plainest one they would not come through.
+    const auto utf8 = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    const auto before = ::uselocale(utf8);
     std::string bytes(1 << 20, '\0');
     std::size_t used = 0;
     auto* writer = archive_write_new();
@@ -26,6 +31,8 @@ std::string packZip(const PackedFiles& files, const char* options) {
     archive_write_close(writer);
     archive_write_free(writer);
     bytes.resize(used);
+    ::uselocale(before);
+    ::freelocale(utf8);
     return bytes;
 }
 

@@ -325,8 +325,7 @@ TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
             QApplication::sendEvent(find<QWidget>("frmAdd"), &drop);
         },
         [] {
-            EXPECT_EQ(find<QLabel>("lbl2Files")->text(),
-                      "1 file copied to the release's directory.");
+            EXPECT_EQ(find<QLabel>("lbl2Files")->text(), "1 file copied.");
             key(find<QWidget>("frmAdd"), Qt::Key_Escape);
         },
         [] {
@@ -370,7 +369,7 @@ TEST_F(WindowTest, a_tam_release_is_imported) {
         [] {
             auto* list = find<QListWidget>("lst3files");
             ASSERT_EQ(list->count(), 2);
-            EXPECT_EQ(list->item(1)->text(), "/Vexillum/Unit-Small/unit.ufo   (not found)");
+            EXPECT_EQ(list->item(1)->text(), "\\Vexillum\\Unit-Small\\unit.ufo   (not found)");
             find<QWidget>("frmTAM")->findChild<QPushButton*>("cmd3next")->click();
         },
         [] { find<QWidget>("frmMain")->close(); },

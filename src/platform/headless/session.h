@@ -68,6 +68,9 @@ class SessionToolkit final : public Toolkit {
     std::optional<std::string> askForText(const InputBox& box) override;
     std::optional<std::string> askForFile(const FileDialog& dialog) override;
     std::vector<std::string> askForFiles(const FileDialog& dialog) override;
+    std::optional<std::string> askForFolder(const FileDialog& dialog) override {
+        return askForFile(dialog);
+    }
     void setClipboard(const std::string& text) override;
     void doEvents() override {}
     void waitForUser() override;
