@@ -106,9 +106,10 @@ void ProgressBar::setDone(int done) {
 }
 
 TabStrip::TabStrip(Window& owner, std::string name, std::vector<std::string> captions)
-    : Control(owner, std::move(name)), captions_(std::move(captions)), badges_(captions_.size()) {}
+    : Control(owner, std::move(name)), captions_(std::move(captions)) {}
 
 void TabStrip::setBadge(int index, Badge badge) {
+    badges_.resize(captions_.size());
     badges_[static_cast<std::size_t>(index)] = badge;
     changed();
 }

@@ -230,6 +230,7 @@ class TabStrip : public Control {
         int marked = 0;
         int all = 0;
     };
+    /// One for each tab, or none at all before the first was set.
     const std::vector<Badge>& badges() const { return badges_; }
     void setBadge(int index, Badge badge);
 

@@ -111,7 +111,7 @@ ZipReader::ZipReader(const std::string& systemPath) : handle_(std::make_unique<H
 ZipReader::~ZipReader() = default;
 
 std::optional<ZipReader::Entry> ZipReader::next() {
-    const Utf8Locale names;
+    [[maybe_unused]] const Utf8Locale names;
     const int result = archive_read_next_header(handle_->reader, &handle_->entry);
     if (result == ARCHIVE_EOF)
         return std::nullopt;

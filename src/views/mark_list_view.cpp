@@ -46,6 +46,7 @@ void MarkListView::setPlaceholders(const QString& noItems, const QString& noMatc
 void MarkListView::follow() {
     if (!items_->follow())
         return;
+    wasFilled_ = true;
     scrollToTop();
     if (onRefilled)
         onRefilled();
@@ -82,7 +83,7 @@ bool MarkListView::viewportEvent(QEvent* event) {
 
 void MarkListView::paintEvent(QPaintEvent* event) {
     QListView::paintEvent(event);
-    if (rows_->rowCount() > 0)
+    if (!wasFilled_ || rows_->rowCount() > 0)
         return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));

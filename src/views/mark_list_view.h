@@ -42,6 +42,7 @@ class MarkListView final : public QListView {
     MarkListModel* items_;
     QSortFilterProxyModel* rows_;
     std::function<void(int)> click_;
+    bool wasFilled_ = false;
     QString noItems_;
     QString noMatch_;
 };

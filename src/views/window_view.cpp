@@ -212,7 +212,7 @@ QTabBar* WindowView::tabBar(platform::TabStrip& control) {
     bind(control, widget, [&control, widget] {
         const QSignalBlocker quiet(widget);
         widget->setCurrentIndex(control.index());
-        for (int tab = 0; tab < widget->count(); ++tab)
+        for (int tab = 0; tab < static_cast<int>(control.badges().size()); ++tab)
             showBadge(*widget, tab, control.badges()[static_cast<std::size_t>(tab)]);
     });
     // A click on the current tab counts too, so the change alone is not what is listened to.
