@@ -53,13 +53,12 @@ void QtToolkit::unload(platform::Window& window) {
     const auto view = views_.find(&window);
     if (view == views_.end())
         return;
-    if (view->second.get() == mainView_) {
+    if (view->second.get() == mainView_)
         mainView_ = nullptr;
-        // Qt deletes the children of a widget with it, but these have an owner.
-        for (const auto& other : views_)
-            if (other.second != view->second)
-                other.second->setParent(nullptr);
-    }
+    // Qt deletes the children of a widget with it, but these have an owner.
+    for (const auto& other : views_)
+        if (other.second->parentWidget() == view->second.get())
+            other.second->setParent(nullptr);
     views_.erase(view);
 }
 
@@ -74,16 +73,19 @@ void QtToolkit::show(platform::Window& window) {
     processEvents(false);
 }
 
-/// Every window but the first belongs over that one.
+/// Every window but the first belongs over that one, or over the wizard that stands over it.
 void QtToolkit::putOverOwner(WindowView& view) {
     if (mainView_ == nullptr || mainView_ == &view)
         return;
-    if (view.parentWidget() != mainView_)
-        view.setParent(mainView_, view.windowFlags() | Qt::Window);
+    QWidget* owner = qobject_cast<WindowView*>(QApplication::activeModalWidget());
+    if (owner == nullptr || owner == &view)
+        owner = mainView_;
+    if (view.parentWidget() != owner)
+        view.setParent(owner, view.windowFlags() | Qt::Window);
     // Qt would tell the window manager of a base size of -1, which one of them takes for 65535.
     view.winId();
     view.windowHandle()->setBaseSize(QSize(0, 0));
-    view.move(mainView_->geometry().center() - view.rect().center());
+    view.move(owner->geometry().center() - view.rect().center());
 }
 
 void QtToolkit::hide(platform::Window& window) {

@@ -76,6 +76,11 @@ class TextFollower {
 
 void showBadge(QTabBar& tabs, int tab, const platform::TabStrip::Badge& badge) {
     auto* label = static_cast<QLabel*>(tabs.tabButton(tab, QTabBar::RightSide));
+    if (label == nullptr) {
+        label = new QLabel(&tabs);
+        label->setProperty("badge", true);
+        tabs.setTabButton(tab, QTabBar::RightSide, label);
+    }
     const auto text = badge.marked == 0
                           ? QString::number(badge.all)
                           : QString::number(badge.marked) + " / " + QString::number(badge.all);
@@ -89,7 +94,6 @@ void showBadge(QTabBar& tabs, int tab, const platform::TabStrip::Badge& badge) {
                              QString::number(badge.all) + " marked");
     tabs.setTabToolTip(tab, label->accessibleName());
     label->adjustSize();
-    label->show();
     // Has the strip measure the tab anew.
     tabs.setTabText(tab, tabs.tabText(tab));
 }
@@ -203,12 +207,8 @@ QTabBar* WindowView::tabBar(platform::TabStrip& control) {
     widget->setExpanding(false);
     widget->setDrawBase(false);
     widget->setUsesScrollButtons(true);
-    for (const auto& caption : control.captions()) {
-        auto* badge = new QLabel(widget);
-        badge->setProperty("badge", true);
-        badge->hide();
-        widget->setTabButton(widget->addTab(shown(caption)), QTabBar::RightSide, badge);
-    }
+    for (const auto& caption : control.captions())
+        widget->addTab(shown(caption));
     bind(control, widget, [&control, widget] {
         const QSignalBlocker quiet(widget);
         widget->setCurrentIndex(control.index());
