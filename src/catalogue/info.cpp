@@ -16,6 +16,11 @@ bool isWildcard(const std::string& code) {
     return code == "*" || platform::equalIgnoringCase(code, "any");
 }
 
+/// Codes may be in one encoding in the conversion and in another in the release.
+bool isSame(const std::string& code, const std::string& other) {
+    return platform::equalIgnoringCase(platform::toUtf8(code), platform::toUtf8(other));
+}
+
 } // namespace
 
 void frmMain::showInfo(const std::string& forFolder) {
@@ -89,8 +94,12 @@ bool frmMain::readCodes(const std::string& path, StringArray& codes) {
 
 bool frmMain::isCompatible() const {
     const auto codes = relCCodes.entries();
-    return tcCCodes.empty() || std::any_of(codes.begin(), codes.end(), [this](const auto& code) {
-               return isWildcard(code) || arrayFind(tcCCodes, code) != -1;
+    // With slot 0, in which the empty code is found.
+    const auto wanted = tcCCodes.slots();
+    return tcCCodes.empty() || std::any_of(codes.begin(), codes.end(), [&](const auto& code) {
+               return isWildcard(code) ||
+                      std::any_of(wanted.begin(), wanted.end(),
+                                  [&](const auto& w) { return isSame(code, w); });
            });
 }
 
@@ -105,14 +114,14 @@ void frmMain::offerToDisable() {
     const auto type = currentType().type;
     if (type == ReleaseType::ai) {
         curListIndex = listFind(lstList, defaultAI);
-        pickListItem(curListIndex);
+        fallsBackToDefaultAI = true;
         return;
     }
     auto& selected = selectionOf(type);
     const auto& name = lstList.itemText(curListIndex);
     const auto entries = selected.entries();
     if (std::find(entries.begin(), entries.end(), name) != entries.end())
-        arrayRemove(selected, name);
+        takeOut(selected, name);
     showSummary(type);
 }
 

@@ -87,6 +87,8 @@ void frmMain::removeRelease(const std::string& name) {
     StringArray files;
     if (const auto folder = releaseFolder(name); fileArray(files, folder)) {
         totallyKillFolder(folder, false);
+        // What no listing shows would keep the release alive.
+        platform::attempt([&] { disk().removeTree(folder); });
         return;
     }
     const auto looseFolder = inDataTree(getShortSelType() + "-Misc") + "\\";

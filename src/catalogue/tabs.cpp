@@ -1,5 +1,7 @@
 // Tabs and clicks in the list: how the one TC and the one AI stay single, the others multiple, and
 // how the summary boxes follow.
+#include <algorithm>
+
 #include "engine/frmMain.h"
 #include "platform/text.h"
 
@@ -63,6 +65,13 @@ void frmMain::pickListItem(int itemIndex) {
     if (fillingList)
         return;
     curListIndex = itemIndex;
+    do {
+        fallsBackToDefaultAI = false;
+        pickOnce();
+    } while (fallsBackToDefaultAI);
+}
+
+void frmMain::pickOnce() {
     const auto type = currentType().type;
     const bool single = type == ReleaseType::tc || type == ReleaseType::ai;
     if (single && curListIndex == -1)
@@ -104,12 +113,22 @@ void frmMain::chooseAI(const std::string& name) {
     showInfo("AI-" + selAI);
 }
 
+/// A disk that tells case apart may hold two names alike; then it is the very name that goes.
+void frmMain::takeOut(StringArray& names, const std::string& name) {
+    const auto entries = names.entries();
+    const auto at = std::find(entries.begin(), entries.end(), name);
+    if (at != entries.end())
+        arrayRemoveAt(names, static_cast<int>(at - entries.begin()) + 1);
+    else
+        arrayRemove(names, name);
+}
+
 void frmMain::toggleMany(const std::string& name) {
     const auto type = currentType().type;
     if (lstList.marked(curListIndex))
         arrayAdd(selectionOf(type), name);
     else
-        arrayRemove(selectionOf(type), name);
+        takeOut(selectionOf(type), name);
     showSummary(type);
     showInfo(folderForm(getShortSelType() + "-" + name));
 }

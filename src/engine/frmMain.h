@@ -182,6 +182,8 @@ class frmMain : public platform::Window {
     std::string getLongSelType() const;
     const ReleaseTypeNames& currentType() const;
     void markOnly(int index);
+    void pickOnce();
+    static void takeOut(StringArray& names, const std::string& name);
 
     // catalogue/badges.cpp
     void countReleases();
@@ -267,6 +269,8 @@ class frmMain : public platform::Window {
     StringArray relCCodes;
     StringArray storeFolders;
     bool fillingList = false;
+    /// The AI just picked was turned down: the default one is to be picked in its place.
+    bool fallsBackToDefaultAI = false;
     /// How many releases each tab lists, in the order of the tabs.
     std::vector<int> releaseCounts_ = std::vector<int>(tspMain.captions().size());
 

@@ -109,6 +109,10 @@ class Disk {
     /// Removes an empty folder, never a file.
     virtual void removeFolder(const std::string& path) = 0;
 
+    /// Removes a folder with all that is in it, hidden or not. Links are removed, never followed. A
+    /// failure may leave part of it.
+    virtual void removeTree(const std::string& path) = 0;
+
     /// Returns when all changes so far would survive a power cut.
     virtual void flush() = 0;
 };

@@ -515,6 +515,8 @@ class PosixDisk final : public Disk {
         const auto taken = folder.spelling(newName);
         if (!name || (taken && *taken != *name))
             return false;
+        if (*name == newName)
+            return true;
         if (const int error = rename(folder, *name, folder, newName, path); error != 0)
             fail("rename", path, error);
         folder.noteRemoved(*name);
@@ -576,6 +578,20 @@ class PosixDisk final : public Disk {
     void removeFolder(const std::string& path) override {
         remove(path, AT_REMOVEDIR);
         folders_.clear();
+    }
+
+    void removeTree(const std::string& path) override {
+        const auto place = placeToChange(path, "remove");
+        const auto folder = parentOf(place);
+        const auto& leaf = place.parts.back();
+        const auto name = folder->spelling(leaf);
+        if (!name || kindIn(*folder, *name, true) != EntryKind::folder)
+            fail("remove", path, ENOENT);
+        std::error_code error;
+        std::filesystem::remove_all(systemPath(path), error);
+        folders_.clear();
+        if (error)
+            fail("remove", path, error.value());
     }
 
     void flush() override {
@@ -869,7 +885,12 @@ std::string programFolder() {
 
 std::string programName() {
     std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).filename().string();
+    // Said of a program whose file was replaced while it runs.
+    constexpr std::string_view gone = " (deleted)";
+    auto name = std::filesystem::read_symlink("/proc/self/exe", error).filename().string();
+    if (name.ends_with(gone))
+        name.resize(name.size() - gone.size());
+    return name;
 }
 
 std::string absoluteFolder(const std::string& folder) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <utility>
 
 #include <windows.h>
@@ -246,6 +247,16 @@ class WindowsDisk final : public Disk {
     void removeFolder(const std::string& path) override {
         checkChange(path, "remove");
         if (RemoveDirectoryW(nameOf(path).c_str()) == 0)
+            fail("remove", path);
+    }
+
+    void removeTree(const std::string& path) override {
+        checkChange(path, "remove");
+        if (kindOf(path) != EntryKind::folder)
+            fail("remove", path);
+        std::error_code error;
+        std::filesystem::remove_all(nameOf(path), error);
+        if (error)
             fail("remove", path);
     }
 

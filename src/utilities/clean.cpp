@@ -47,7 +47,7 @@ void frmMain::cleanGameDirectory() {
     fileArray(names, TADir);
     for (const auto& name : names.entries()) {
         toolkit().doEvents();
-        if (!stays(name) && name != machine_.programName)
+        if (!stays(name) && !platform::equalIgnoringCase(name, machine_.programName))
             MoveFile(TADir + "\\" + name, cleaned + "\\" + name, false);
     }
     folderArray(names, TADir);

@@ -1,7 +1,10 @@
 // The listing is made while the window loads; the file holds what the box holds.
 #include "utilities/frmFList.h"
 
+#include <algorithm>
+
 #include "engine/frmMain.h"
+#include "platform/failure.h"
 #include "platform/text.h"
 
 namespace utilities {
@@ -26,7 +29,16 @@ void frmFList::Form_Load() {
     txtFList.setText("");
     toolkit_.doEvents();
     doFileList(main_.TADir, 0);
-    main_.machine().disk.writeFile(file, txtFList.text());
+    if (!platform::attempt([&] { main_.machine().disk.writeFile(file, txtFList.text()); }))
+        tellOfOverflow();
+}
+
+/// What could not be written whole is not to pass for whole.
+void frmFList::tellOfOverflow() {
+    constexpr std::size_t cut = 100;
+    const auto& text = txtFList.text();
+    txtFList.setText(text.substr(0, text.size() - std::min(cut, text.size())));
+    txtFList.append("*****\r\nOut of onscreen space.  Check file for more.\r\n");
 }
 
 void frmFList::Form_Unload() {

@@ -29,7 +29,7 @@ class frmFList : public platform::Window {
     platform::Button cmdClipboard{*this, "cmdClipboard", "Copy To Clipboard"};
     platform::Button cmdDone{*this, "cmdDone", "Done"};
 
-    /// Lists the game directory. Throws Failure if the file cannot be written.
+    /// Lists the game directory. Throws Failure if the file cannot be made.
     void Form_Load();
     void Form_Unload();
     void cmdClipboard_Click();
@@ -39,6 +39,7 @@ class frmFList : public platform::Window {
 
   private:
     void doFileList(const std::string& theDir, int theLevel);
+    void tellOfOverflow();
     void outputLine(const std::string& text);
 
     engine::frmMain& main_;

@@ -78,6 +78,10 @@ class FaultyDisk final : public platform::Disk {
         change(path);
         disk_.removeFolder(path);
     }
+    void removeTree(const std::string& path) override {
+        change(path);
+        disk_.removeTree(path);
+    }
     void flush() override { disk_.flush(); }
 
   private:
