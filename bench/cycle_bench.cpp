@@ -77,6 +77,7 @@ class Tree {
 
     std::vector<std::string> releases() const {
         std::vector<std::string> names;
+        names.reserve(static_cast<std::size_t>(releases_));
         for (int i = 0; i < releases_; ++i)
             names.push_back("Mod-" + std::to_string(i));
         return names;

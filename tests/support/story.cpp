@@ -61,12 +61,11 @@ std::string lineOf(const Event& event, const std::string& folder) {
                 (event["modal"].get<bool>() ? " (modal)" : "");
     else if (kind == "hide")
         line += told(event["window"]);
-    else if (kind == "log")
-        line += told(event["line"]);
-    else if (kind == "message" && event["buttons"].size() == 1)
-        line += told(event["text"]);
+    else if (kind == "log" || kind == "clipboard")
+        line += told(event[kind == "log" ? "line" : "text"]);
     else if (kind == "message")
-        line += told(event["text"]) + " -> " + told(event["answer"]);
+        line += told(event["text"]) +
+                (event["buttons"].size() > 1 ? " -> " + told(event["answer"]) : "");
     else if (kind == "input")
         line +=
             told(event["text"]) + " [" + told(event["preset"]) + "] -> " + told(event["answer"]);
@@ -74,8 +73,6 @@ std::string lineOf(const Event& event, const std::string& folder) {
         line += told(event["title"]) + " -> " + told(event["answer"]);
     else if (kind == "start")
         line += told(event["command"]) + " " + told(event["window"]);
-    else if (kind == "clipboard")
-        line += told(event["text"]);
     return replaceAll(replaceAll(line, "\n", "\\n"), folder, "GAME");
 }
 
