@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "engine/message_row.h"
 #include "platform/controls.h"
 #include "platform/machine.h"
 
