@@ -15,8 +15,8 @@
 #include "bench.h"
 #include "engine/frmMain.h"
 #include "menumod/modHPIUtil.h"
-#include "platform/headless/session.h"
-#include "platform/lz77.h"
+#include "headless/session.h"
+#include "formats/lz77.h"
 #include "support/archive_writer.h"
 
 namespace {

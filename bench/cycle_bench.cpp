@@ -10,7 +10,7 @@
 
 #include "bench.h"
 #include "engine/frmMain.h"
-#include "platform/headless/session.h"
+#include "headless/session.h"
 
 #ifdef VEXILLUM_WINDOWS
 #include <QApplication>

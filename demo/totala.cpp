@@ -13,7 +13,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "platform/files.h"
+#include "platform/disk.h"
 
 namespace {
 

@@ -13,8 +13,8 @@
 #include "engine/modArray.h"
 #include "engine/plan.h"
 #include "engine/releases.h"
-#include "platform/controls.h"
-#include "platform/machine.h"
+#include "windows/controls.h"
+#include "windows/machine.h"
 #include "utilities/frmShowReadme.h"
 #include "utilities/frmWorking.h"
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <unordered_map>
 
-#include "platform/files.h"
+#include "platform/disk.h"
 #include "platform/text.h"
 
 namespace engine {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/controls.h"
-#include "platform/machine.h"
+#include "windows/controls.h"
+#include "windows/machine.h"
 
 namespace engine {
 class frmMain;

@@ -9,7 +9,7 @@
 
 #include "engine/frmMain.h"
 #include "engine/message_row.h"
-#include "platform/zip.h"
+#include "formats/zip.h"
 
 namespace installers {
 

@@ -1,7 +1,7 @@
 // The wizards' rule of steps: earlier ones stay in view, greyed; later ones are hidden.
 #pragma once
 
-#include "platform/controls.h"
+#include "windows/controls.h"
 
 namespace installers {
 

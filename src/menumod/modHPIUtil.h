@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/archive.h"
-#include "platform/files.h"
+#include "formats/archive.h"
+#include "platform/disk.h"
 
 namespace menumod {
 

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "platform/files.h"
+#include "platform/disk.h"
 
 namespace platform {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/controls.h"
-#include "platform/machine.h"
+#include "windows/controls.h"
+#include "windows/machine.h"
 
 namespace engine {
 class frmMain;

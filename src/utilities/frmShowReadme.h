@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "platform/controls.h"
-#include "platform/toolkit.h"
+#include "windows/controls.h"
+#include "windows/toolkit.h"
 
 namespace utilities {
 

@@ -1,8 +1,8 @@
 // The "please wait" panel with a marker that circles its edge while something slow runs.
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/toolkit.h"
+#include "windows/controls.h"
+#include "windows/toolkit.h"
 
 namespace utilities {
 

@@ -6,7 +6,7 @@
 
 #include <QString>
 
-#include "platform/controls.h"
+#include "windows/controls.h"
 
 namespace views {
 

@@ -5,7 +5,7 @@
 
 #include <QAbstractListModel>
 
-#include "platform/controls.h"
+#include "windows/controls.h"
 
 namespace views {
 

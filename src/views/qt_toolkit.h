@@ -9,7 +9,7 @@
 #include <map>
 #include <memory>
 
-#include "platform/toolkit.h"
+#include "windows/toolkit.h"
 #include "views/binding.h"
 
 class QWidget;

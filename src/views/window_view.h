@@ -12,7 +12,7 @@
 #include <QTabBar>
 #include <QWidget>
 
-#include "platform/controls.h"
+#include "windows/controls.h"
 #include "views/binding.h"
 
 class QComboBox;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/failure.h"
-#include "platform/files.h"
+#include "platform/disk.h"
 
 namespace test {
 

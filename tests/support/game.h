@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/files.h"
-#include "platform/headless/session.h"
+#include "platform/disk.h"
+#include "headless/session.h"
 
 namespace test {
 

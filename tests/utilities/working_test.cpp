@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/session.h"
+#include "headless/session.h"
 #include "utilities/frmWorking.h"
 
 namespace utilities {

@@ -24,7 +24,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/frmMain.h"
-#include "platform/headless/session.h"
+#include "headless/session.h"
 #include "support/game.h"
 #include "views/qt_toolkit.h"
 

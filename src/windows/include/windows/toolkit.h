@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/controls.h"
+#include "windows/controls.h"
 
 namespace platform {
 

@@ -8,7 +8,7 @@
 #include <span>
 #include <string>
 
-#include "platform/files.h"
+#include "platform/disk.h"
 
 namespace platform {
 

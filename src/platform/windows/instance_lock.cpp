@@ -4,7 +4,7 @@
 #include <windows.h>
 
 #include "platform/text.h"
-#include "platform/windows_text.h"
+#include "system_text.h"
 
 namespace platform {
 namespace {

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/archive.h"
+#include "formats/archive.h"
 #include "platform/failure.h"
 #include "support/archive_writer.h"
 

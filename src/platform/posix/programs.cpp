@@ -12,7 +12,7 @@
 #include <unistd.h>
 
 #include "platform/failure.h"
-#include "platform/files.h"
+#include "platform/disk.h"
 
 // NOLINTNEXTLINE(readability-redundant-declaration): not every C library declares it
 extern char** environ;

@@ -6,8 +6,8 @@
 #include <shellapi.h>
 
 #include "platform/failure.h"
-#include "platform/files.h"
-#include "platform/windows_text.h"
+#include "platform/disk.h"
+#include "system_text.h"
 
 namespace platform {
 namespace {

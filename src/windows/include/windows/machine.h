@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "platform/files.h"
+#include "platform/disk.h"
 #include "platform/programs.h"
-#include "platform/toolkit.h"
+#include "windows/toolkit.h"
 
 namespace platform {
 

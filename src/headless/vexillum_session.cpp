@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "engine/frmMain.h"
-#include "platform/headless/session.h"
+#include "headless/session.h"
 
 namespace {
 

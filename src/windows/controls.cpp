@@ -1,5 +1,5 @@
 // State of the controls. Every change of a state tells the view, if there is one.
-#include "platform/controls.h"
+#include "windows/controls.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,5 +1,5 @@
 // The archive calls of libarchive, and what is made of the names.
-#include "platform/zip.h"
+#include "formats/zip.h"
 
 #include <algorithm>
 #include <array>
@@ -12,9 +12,6 @@
 #include "platform/failure.h"
 #include "platform/paths.h"
 #include "platform/text.h"
-#ifdef _WIN32
-#include "platform/windows_text.h"
-#endif
 
 namespace platform {
 namespace {

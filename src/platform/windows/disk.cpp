@@ -1,5 +1,5 @@
 // The disk of Windows, which ignores case by itself.
-#include "platform/files.h"
+#include "platform/disk.h"
 
 #include <algorithm>
 #include <exception>
@@ -11,7 +11,7 @@
 #include "platform/failure.h"
 #include "platform/paths.h"
 #include "platform/text.h"
-#include "platform/windows_text.h"
+#include "system_text.h"
 
 namespace platform {
 namespace {

@@ -1,6 +1,6 @@
 // The window of 4096 bytes is the tail of the output itself: it is written from index 1 on, so the
 // byte at output place p stands at window index (p + 1) modulo 4096. What was never written is 0.
-#include "platform/lz77.h"
+#include "formats/lz77.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,6 +1,6 @@
 // The disk of a POSIX system. Names are looked up exactly first, which costs one call; a miss is
 // answered from a listing of the folder that is read once and kept while the folder's time stands.
-#include "platform/files.h"
+#include "platform/disk.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 // The format of the archives is told in docs/archives.md.
-#include "platform/archive.h"
+#include "formats/archive.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 #include <libdeflate.h>
 
 #include "platform/failure.h"
-#include "platform/lz77.h"
+#include "formats/lz77.h"
 #include "platform/paths.h"
 
 namespace platform {

@@ -1,6 +1,6 @@
 // Script lines are carried out where the program waits for its user; a box takes its answer there
 // and then.
-#include "platform/headless/session.h"
+#include "headless/session.h"
 
 #include <algorithm>
 #include <utility>

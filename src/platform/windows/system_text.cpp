@@ -1,5 +1,5 @@
 // Text conversion by the system.
-#include "platform/windows_text.h"
+#include "system_text.h"
 
 #include <windows.h>
 

@@ -14,7 +14,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/programs.h"
-#include "platform/toolkit.h"
+#include "windows/toolkit.h"
 
 namespace platform::headless {
 
