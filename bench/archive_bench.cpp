@@ -13,7 +13,7 @@
 #include <zlib.h>
 
 #include "bench.h"
-#include "engine/frmMain.h"
+#include "windows/frmMain.h"
 #include "menumod/modHPIUtil.h"
 #include "headless/session.h"
 #include "formats/lz77.h"
@@ -107,7 +107,7 @@ void lz77() {
     for (int round = 0; round < rounds; ++round) {
         ours.push_back(bench::timeOf([&] {
             for (int i = 0; i < 300; ++i)
-                platform::unpackLz77(asBytes(chunk),
+                formats::unpackLz77(asBytes(chunk),
                                      {reinterpret_cast<std::uint8_t*>(out.data()), out.size()});
         }));
         limit.push_back(bench::timeOf([&] {
@@ -153,11 +153,11 @@ Seconds runModifier() {
         fs::remove_all(root / folder);
     put(root / "Vexillum/VXL-Sel/selTrlx.txt", "True\r\n");
     std::istringstream none;
-    platform::headless::Script script(none);
-    platform::headless::SessionToolkit toolkit(script, [](const auto&) {});
+    headless::Script script(none);
+    headless::SessionToolkit toolkit(script, [](const auto&) {});
     const auto disk = platform::makeDisk();
-    platform::headless::RecordedPrograms programs(*disk, [](const auto&) {});
-    engine::frmMain main({*disk, toolkit, programs, root.string(), "", ""});
+    headless::RecordedPrograms programs(*disk, [](const auto&) {});
+    windows::frmMain main({*disk, toolkit, programs, root.string(), "", ""});
     main.Init();
     // What other runs have left to write is not this one's to wait for.
     ::sync();

@@ -9,9 +9,9 @@
 #include <QStandardItemModel>
 
 #include "bench.h"
-#include "engine/frmMain.h"
+#include "windows/frmMain.h"
 #include "headless/session.h"
-#include "utilities/frmFList.h"
+#include "windows/frmFList.h"
 #include "views/qt_toolkit.h"
 
 namespace {
@@ -22,7 +22,6 @@ using bench::Seconds;
 constexpr int rounds = 7;
 constexpr int releases = 5000;
 constexpr int selected = 1000;
-constexpr int modsTab = 3;
 constexpr Seconds felt = 0.05;
 const fs::path root = fs::current_path() / "catalogue-bench-game";
 
@@ -81,8 +80,8 @@ void tab() {
     put(root / "Vexillum/VXL-Sel/selMods.txt", names);
     views::QtToolkit toolkit;
     const auto disk = platform::makeDisk();
-    platform::headless::RecordedPrograms programs(*disk, [](const auto&) {});
-    engine::frmMain main({*disk, toolkit, programs, root.string(), "", ""});
+    headless::RecordedPrograms programs(*disk, [](const auto&) {});
+    windows::frmMain main({*disk, toolkit, programs, root.string(), "", ""});
     toolkit.show(main);
     main.Init();
     const auto shown = [&](auto&& work) {
@@ -94,9 +93,9 @@ void tab() {
     };
     std::vector<Seconds> open, limit, click;
     for (int round = 0; round < rounds; ++round) {
-        main.tspMain.click(0);
-        open.push_back(shown([&] { main.tspMain.click(modsTab); }));
-        click.push_back(shown([&] { main.lstList.click(releases / 2); }));
+        main.tspMain.click("Total Conversions");
+        open.push_back(shown([&] { main.tspMain.click("Mods"); }));
+        click.push_back(shown([&] { main.lstList.click(releaseName(releases / 2)); }));
         limit.push_back(bareRows());
     }
     bench::report("tab of 5,000 releases against listing and rows", bench::median(open),
@@ -122,15 +121,15 @@ void lister() {
                 ("file" + std::to_string(i)),
             "");
     std::istringstream none;
-    platform::headless::Script script(none);
-    platform::headless::SessionToolkit toolkit(script, [](const auto&) {});
+    headless::Script script(none);
+    headless::SessionToolkit toolkit(script, [](const auto&) {});
     const auto disk = platform::makeDisk();
-    platform::headless::RecordedPrograms programs(*disk, [](const auto&) {});
-    engine::frmMain main({*disk, toolkit, programs, root.string(), "", ""});
+    headless::RecordedPrograms programs(*disk, [](const auto&) {});
+    windows::frmMain main({*disk, toolkit, programs, root.string(), "", ""});
     main.Init();
     std::vector<Seconds> ours, limit;
     for (int round = 0; round < rounds; ++round) {
-        utilities::frmFList list(main);
+        windows::frmFList list(main);
         ours.push_back(bench::timeOf([&] { list.Form_Load(); }));
         limit.push_back(bench::timeOf(bareWalk));
     }

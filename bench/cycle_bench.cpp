@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 #include "bench.h"
-#include "engine/frmMain.h"
+#include "windows/frmMain.h"
 #include "headless/session.h"
 
 #ifdef VEXILLUM_WINDOWS
@@ -110,7 +110,7 @@ class Tree {
 };
 
 /// Makes the toolkit of one run.
-using MakeToolkit = std::function<std::unique_ptr<platform::Toolkit>()>;
+using MakeToolkit = std::function<std::unique_ptr<windows::Toolkit>()>;
 
 struct Cycle {
     Seconds apply = 0;
@@ -122,10 +122,10 @@ Cycle cycle(const Tree& tree, const MakeToolkit& makeToolkit) {
     tree.forgetJournal();
     Cycle times;
     const auto disk = platform::makeDisk();
-    platform::headless::RecordedPrograms programs(*disk, [](const auto&) {});
+    headless::RecordedPrograms programs(*disk, [](const auto&) {});
     {
         const auto toolkit = makeToolkit();
-        engine::frmMain main({*disk, *toolkit, programs, tree.root().string(), "", ""});
+        windows::frmMain main({*disk, *toolkit, programs, tree.root().string(), "", ""});
         main.Init();
         ::sync();
         times.apply = bench::timeOf([&] { main.moveFiles(); });
@@ -133,21 +133,21 @@ Cycle cycle(const Tree& tree, const MakeToolkit& makeToolkit) {
     }
     ::sync();
     const auto toolkit = makeToolkit();
-    engine::frmMain main({*disk, *toolkit, programs, tree.root().string(), "", ""});
+    windows::frmMain main({*disk, *toolkit, programs, tree.root().string(), "", ""});
     times.reset = bench::timeOf([&] { main.Init(); });
     return times;
 }
 
 class Headless {
   public:
-    std::unique_ptr<platform::Toolkit> operator()() {
-        return std::make_unique<platform::headless::SessionToolkit>(
+    std::unique_ptr<windows::Toolkit> operator()() {
+        return std::make_unique<headless::SessionToolkit>(
             script_, [this](const auto& event) { transcript_ << event.dump() << '\n'; });
     }
 
   private:
     std::istringstream none_;
-    platform::headless::Script script_{none_};
+    headless::Script script_{none_};
     std::ofstream transcript_{"/dev/null"};
 };
 
@@ -155,20 +155,20 @@ class Headless {
 /// The real windows; the second for which the log stands is cut short.
 class Hurried final : public views::QtToolkit {
   public:
-    void load(platform::Window& window) override {
+    void load(windows::Window& window) override {
         QtToolkit::load(window);
         windows_.push_back(&window);
     }
     void waitForTimer() override {
         for (auto* window : windows_)
             for (auto* control : window->controls())
-                if (auto* timer = dynamic_cast<platform::Timer*>(control);
+                if (auto* timer = dynamic_cast<windows::Timer*>(control);
                     timer != nullptr && timer->enabled())
                     timer->onTick();
     }
 
   private:
-    std::vector<platform::Window*> windows_;
+    std::vector<windows::Window*> windows_;
 };
 #endif
 

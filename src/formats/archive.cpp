@@ -8,11 +8,11 @@
 
 #include <libdeflate.h>
 
-#include "platform/failure.h"
 #include "formats/lz77.h"
-#include "platform/paths.h"
+#include "platform/failure.h"
+#include "platform/relative_path.h"
 
-namespace platform {
+namespace formats {
 namespace {
 
 constexpr std::uint32_t marker = 0x49504148; // "HAPI"
@@ -27,7 +27,7 @@ constexpr std::size_t pieceSize = 65536;
 constexpr std::size_t longestName = 255;
 
 [[noreturn]] void damaged(const std::string& reason) {
-    throw Failure("extract", "an entry", reason);
+    throw platform::Failure("extract", "an entry", reason);
 }
 
 struct DeflateDeleter {
@@ -132,8 +132,7 @@ bool Archive::nameAt(std::uint32_t offset, std::string& name) const {
     for (std::uint64_t at = offset; at < bytes_.size(); ++at) {
         const auto letter = static_cast<char>(byteAt(at));
         if (letter == '\0')
-            return !name.empty() && !leadsAway(name) &&
-                   name.find_first_of("\\/:") == std::string::npos;
+            return platform::isPlainName(name) && name.find(':') == std::string::npos;
         if (name.size() == longestName || static_cast<unsigned char>(letter) < ' ')
             return false;
         name += letter;
@@ -197,7 +196,7 @@ std::string Archive::pathOf(std::size_t entry) const {
     return path;
 }
 
-void Archive::extract(std::size_t entry, const PieceSink& sink) const {
+void Archive::extract(std::size_t entry, const platform::PieceSink& sink) const {
     const auto& found = entries_.at(entry);
     if (found.isFolder)
         damaged("it is a folder");
@@ -212,7 +211,7 @@ void Archive::extract(std::size_t entry, const PieceSink& sink) const {
         extractChunks(offset, size, sink);
 }
 
-void Archive::extractStored(std::uint32_t offset, std::uint32_t size, const PieceSink& sink) const {
+void Archive::extractStored(std::uint32_t offset, std::uint32_t size, const platform::PieceSink& sink) const {
     if (!has(offset, size))
         damaged("its data lies outside the archive");
     std::vector<std::uint8_t> piece(std::min<std::size_t>(size, pieceSize));
@@ -223,7 +222,7 @@ void Archive::extractStored(std::uint32_t offset, std::uint32_t size, const Piec
     }
 }
 
-void Archive::extractChunks(std::uint32_t offset, std::uint32_t size, const PieceSink& sink) const {
+void Archive::extractChunks(std::uint32_t offset, std::uint32_t size, const platform::PieceSink& sink) const {
     const std::uint64_t pieces = (size + std::uint64_t{pieceSize} - 1) / pieceSize;
     if (!has(offset, pieces * 4))
         damaged("its data lies outside the archive");
@@ -243,4 +242,4 @@ void Archive::extractChunks(std::uint32_t offset, std::uint32_t size, const Piec
     }
 }
 
-} // namespace platform
+} // namespace formats

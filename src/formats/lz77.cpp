@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace platform {
+namespace formats {
 namespace {
 
 constexpr std::size_t windowSize = 4096;
@@ -72,4 +72,4 @@ bool unpackLz77(std::span<const std::uint8_t> from, std::span<std::uint8_t> to) 
     return false;
 }
 
-} // namespace platform
+} // namespace formats

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <vector>
 
 #include <locale.h>
 
@@ -10,31 +12,12 @@
 #include <archive_entry.h>
 
 #include "platform/failure.h"
-#include "platform/paths.h"
-#include "platform/text.h"
+#include "platform/relative_path.h"
 
-namespace platform {
+namespace formats {
 namespace {
 
-constexpr std::size_t longestPath = 1000;
-
-/// Separators of both kinds part a name; parts that name the folder itself are left out.
-std::string joined(const std::string& name) {
-    std::string path;
-    for (const auto& part : splitPath(replaceAll(name, "/", "\\")))
-        if (part != ".")
-            path += (path.empty() ? "" : "\\") + part;
-    return path;
-}
-
-bool canBeTrusted(const std::string& name, const std::string& path) {
-    const auto parts = splitPath(path);
-    return !parts.empty() && path.size() <= longestPath && !name.starts_with('/') &&
-           !name.starts_with('\\') && !isDrive(path.substr(0, 2)) &&
-           std::none_of(parts.begin(), parts.end(), leadsAway) &&
-           std::none_of(path.begin(), path.end(),
-                        [](char c) { return static_cast<unsigned char>(c) < ' '; });
-}
+constexpr std::size_t blockSize = 1U << 16U;
 
 /// Names come out in the encoding of the locale, and in the plainest one most of them do not come
 /// out at all.
@@ -64,32 +47,63 @@ class Utf8Locale {
 #endif
 };
 
-int openFile(archive* reader, const std::string& systemPath) {
-    constexpr std::size_t blockSize = 1U << 16U;
-#ifdef _WIN32
-    return archive_read_open_filename_w(reader, windows::wide(systemPath).c_str(), blockSize);
-#else
-    return archive_read_open_filename(reader, systemPath.c_str(), blockSize);
-#endif
-}
-
 } // namespace
 
 struct ZipReader::Handle {
     archive* reader = archive_read_new();
     archive_entry* entry = nullptr;
-    std::uint64_t size = 0;
+    std::unique_ptr<platform::FileReader> file;
+    la_int64_t at = 0; ///< in the file
+    std::vector<std::uint8_t> block;
+    std::string fileFailure;
 
     Handle() = default;
     ~Handle() { archive_read_free(reader); }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
 
+    // No exception may pass through the C library that calls these two.
+
+    static la_ssize_t read(archive* /*reader*/, void* data, const void** piece) {
+        auto& self = *static_cast<Handle*>(data);
+        *piece = self.block.data();
+        std::size_t count = 0;
+        if (!self.guarded([&] { count = self.file->read(self.block); }))
+            return ARCHIVE_FATAL;
+        self.at += static_cast<la_int64_t>(count);
+        return static_cast<la_ssize_t>(count);
+    }
+
+    static la_int64_t seek(archive* /*reader*/, void* data, la_int64_t offset, int whence) {
+        auto& self = *static_cast<Handle*>(data);
+        const bool worked = self.guarded([&] {
+            const auto base = whence == SEEK_END ? static_cast<la_int64_t>(self.file->size())
+                              : whence == SEEK_CUR ? self.at
+                                                   : 0;
+            self.at = std::max<la_int64_t>(base + offset, 0);
+            self.file->seek(static_cast<std::uint64_t>(self.at));
+        });
+        return worked ? self.at : ARCHIVE_FATAL;
+    }
+
+    template <typename Step>
+    bool guarded(Step&& step) {
+        try {
+            step();
+            return true;
+        } catch (const platform::Failure& failure) {
+            fileFailure = failure.reason();
+            return false;
+        }
+    }
+
     [[noreturn]] void fail(const char* call) const {
         const char* said = archive_error_string(reader);
-        std::string reason = said != nullptr ? said : "it is damaged";
+        std::string reason = !fileFailure.empty() ? fileFailure
+                             : said != nullptr    ? said
+                                                  : "it is damaged";
         reason.erase(reason.find_last_not_of(" \r\n") + 1);
-        throw Failure(call, "the archive", reason);
+        throw platform::Failure(call, "the archive", reason);
     }
 };
 
@@ -99,9 +113,16 @@ ZipReader::ZipReader(std::span<const std::uint8_t> bytes) : handle_(std::make_un
         handle_->fail("open");
 }
 
-ZipReader::ZipReader(const std::string& systemPath) : handle_(std::make_unique<Handle>()) {
-    if (archive_read_support_format_zip(handle_->reader) != ARCHIVE_OK ||
-        openFile(handle_->reader, systemPath) != ARCHIVE_OK)
+ZipReader::ZipReader(std::unique_ptr<platform::FileReader> file)
+    : handle_(std::make_unique<Handle>()) {
+    auto* reader = handle_->reader;
+    handle_->file = std::move(file);
+    handle_->block.resize(blockSize);
+    if (archive_read_support_format_zip(reader) != ARCHIVE_OK ||
+        archive_read_set_read_callback(reader, Handle::read) != ARCHIVE_OK ||
+        archive_read_set_seek_callback(reader, Handle::seek) != ARCHIVE_OK ||
+        archive_read_set_callback_data(reader, handle_.get()) != ARCHIVE_OK ||
+        archive_read_open1(reader) != ARCHIVE_OK)
         handle_->fail("open");
 }
 
@@ -119,32 +140,34 @@ std::optional<ZipReader::Entry> ZipReader::next() {
     if (name == nullptr)
         return found;
     const auto type = archive_entry_filetype(handle_->entry);
-    found.path = joined(name);
+    const auto path = platform::RelativePath::parse(name);
     found.isFolder = type == AE_IFDIR;
-    found.isTrusted = (type == AE_IFDIR || type == AE_IFREG) && canBeTrusted(name, found.path);
-    if (!found.isTrusted)
-        found.path = name;
+    found.isTrusted = (type == AE_IFDIR || type == AE_IFREG) && path;
+    found.path = found.isTrusted ? path->text() : name;
     if (archive_entry_size_is_set(handle_->entry) != 0)
         found.size =
             static_cast<std::uint64_t>(std::max<la_int64_t>(archive_entry_size(handle_->entry), 0));
-    handle_->size = found.size;
     return found;
 }
 
-void ZipReader::extract(const PieceSink& sink) {
-    std::array<char, 65536> piece{};
+void ZipReader::extract(const platform::PieceSink& sink) {
+    std::array<char, blockSize> piece{};
     const bool hasSize = archive_entry_size_is_set(handle_->entry) != 0;
+    const auto claimed = static_cast<std::uint64_t>(archive_entry_size(handle_->entry));
+    const auto check = [&](bool isRight) {
+        if (hasSize && !isRight)
+            throw platform::Failure("unpack", "the archive", "an entry is not as long as it says");
+    };
     for (std::uint64_t done = 0;;) {
         const auto size = archive_read_data(handle_->reader, piece.data(), piece.size());
-        if (size == 0)
-            return;
         if (size < 0)
             handle_->fail("unpack");
         done += static_cast<std::uint64_t>(size);
-        if (hasSize && done > handle_->size)
-            throw Failure("unpack", "the archive", "an entry is larger than it says");
+        check(done <= claimed);
+        if (size == 0)
+            return check(done == claimed);
         sink({piece.data(), static_cast<std::size_t>(size)});
     }
 }
 
-} // namespace platform
+} // namespace formats

@@ -9,7 +9,7 @@ int modHPIUtil::HPIOpen(const std::string& path) {
     OpenArchive found;
     platform::attempt([&] {
         found.view = disk_.mapFile(path);
-        found.archive = platform::Archive::open(found.view->bytes());
+        found.archive = formats::Archive::open(found.view->bytes());
     });
     if (!found.archive)
         return 0;

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "platform/failure.h"
-#include "platform/paths.h"
+#include "platform/relative_path.h"
 #include "platform/text.h"
 
 namespace menumod {
@@ -16,63 +16,61 @@ constexpr std::size_t pageSuffixLength = 5;
 constexpr std::size_t mostHeldOfOne = std::size_t{1} << 20U;
 constexpr std::size_t mostHeldInAll = std::size_t{64} << 20U;
 
+/// A unit is named by a file out of an archive, and its own file is named by it.
 bool leadsOut(std::string_view unitName) {
-    if (unitName.starts_with('/') || unitName.starts_with('\\'))
-        return true;
-    for (const auto& part : platform::splitPath(platform::replaceAll(unitName, "/", "\\")))
-        if (platform::leadsAway(part) || platform::isDrive(part))
-            return true;
-    return false;
+    return !platform::RelativePath::accepts(unitName,
+                                            {platform::PathRules::Slash::separates,
+                                             platform::PathRules::Dot::refused,
+                                             platform::PathRules::Controls::allowed});
 }
 
 } // namespace
 
-modTrlx::modTrlx(engine::frmMain& main, bool compressMenus)
-    : main_(main), toolkit_(main.machine().toolkit), disk_(main.machine().disk),
-      compressMenus_(compressMenus),
+modTrlx::modTrlx(releases::GameDirectory& game, Settings settings)
+    : game_(game), settings_(settings),
       menus_([this](const std::string& builder, const std::string& unit) {
           showStage("No room for \"" + unit + "\" on the menu of \"" + builder + "\"");
       }) {}
 
-bool modTrlx::enableTrlx(bool small) {
+bool modTrlx::enableTrlx() {
     showStage("Enabling Trellis...");
     showStage("Checking Folders");
     if (!foldersAreFree())
         return false;
     extractData();
     showStage("Getting units from GUIs");
-    readGuiPages(small);
+    readGuiPages();
     try {
         readDownloads();
-        mergeMenus(small);
+        mergeMenus();
     } catch (...) {
         putOutOfAction();
         throw;
     }
     putOutOfAction();
-    copyDataFiles(small);
+    copyDataFiles();
     return true;
 }
 
-void modTrlx::mergeMenus(bool small) {
+void modTrlx::mergeMenus() {
     writeMenuList("MBefore.txt");
-    showStage(compressMenus_ ? "Compressing Menus" : "Not Compressing Menus");
-    if (compressMenus_)
+    showStage(settings_.compress ? "Compressing Menus" : "Not Compressing Menus");
+    if (settings_.compress)
         menus_.compress();
     writeMenuList("MAfter.txt");
-    writeDownloads(small);
+    writeDownloads();
 }
 
 void modTrlx::showStage(const std::string& text) {
-    main_.appendToLog(text);
-    toolkit_.doEvents();
+    game_.log().stage(text);
+    game_.log().breathe();
 }
 
 bool modTrlx::foldersAreFree() {
     for (const std::string folder : {"guis", "anims", "download"}) {
-        if (!main_.DoesFolderExist(main_.TADir + "\\" + folder))
+        if (!game_.DoesFolderExist(game_.at(folder)))
             continue;
-        main_.tell("One of the conversions you have enabled includes a \"" + folder +
+        game_.questions().tell("One of the conversions you have enabled includes a \"" + folder +
                    "\" folder.\r\n\r\nThe Trellis requires that this folder NOT EXIST in order to "
                    "work, and therefore is NOT being activated.");
         return false;
@@ -81,23 +79,16 @@ bool modTrlx::foldersAreFree() {
 }
 
 void modTrlx::extractData() {
-    engine::StringArray files;
-    main_.fileArray(files, main_.TADir);
     showStage("Extracting Data Files");
-    conflict::modConflict extraction(main_);
+    Extraction extraction(game_);
     extraction.takeOver = [&](int handle, const std::string& name) {
         return holdInMemory(extraction.archives(), handle, name);
     };
-    for (const auto& file : files.entries()) {
-        toolkit_.doEvents();
-        const int handle = extraction.archives().HPIOpen(main_.TADir + "\\" + file);
-        if (handle != 0) {
-            extraction.extractFolder(handle, "guis", "", "", false);
-            toolkit_.doEvents();
-            extraction.extractFolder(handle, "download", "", "", false);
-        }
-        extraction.archives().HPIClose(handle);
-    }
+    extraction.forEachArchive([&](int handle) {
+        extraction.extractFolder(handle, "guis", "", "", false);
+        game_.log().breathe();
+        extraction.extractFolder(handle, "download", "", "", false);
+    });
 }
 
 /// False for an entry that is to be written to its file, as all are that no stage reads.
@@ -107,12 +98,12 @@ bool modTrlx::holdInMemory(modHPIUtil& archives, int handle, const std::string& 
     const bool isPage = platform::equalIgnoringCase(name.substr(0, cut), "guis");
     if (leaf.find('\\') != std::string::npos ||
         (!isPage && !platform::endsWithIgnoringCase(leaf, ".tdf")) ||
-        !main_.DoesFolderExist(main_.TADir + "\\" + name.substr(0, cut)))
+        !game_.DoesFolderExist(game_.at(name.substr(0, cut))))
         return false;
     auto& files = isPage ? pages_ : downloads_;
     const auto key = platform::foldCase(leaf);
     const auto known = files.find(key);
-    auto path = known != files.end() ? known->second.path : main_.TADir + "\\" + name;
+    auto path = known != files.end() ? known->second.path : game_.at(name);
     auto content =
         archives.HPIReadFile(handle, name, std::min(mostHeldOfOne, mostHeldInAll - held_));
     if (content)
@@ -124,35 +115,35 @@ bool modTrlx::holdInMemory(modHPIUtil& archives, int handle, const std::string& 
 }
 
 void modTrlx::addThoseOnDisk(ExtractedFiles& files, const std::string& folder) {
-    engine::StringArray names;
-    main_.fileArray(names, main_.TADir + "\\" + folder);
+    releases::StringArray names;
+    game_.fileArray(names, game_.at(folder));
     for (const auto& name : names.entries())
         files.try_emplace(platform::foldCase(name),
-                          Extracted{main_.TADir + "\\" + folder + "\\" + name, {}});
+                          Extracted{game_.at(folder + "\\" + name), {}});
 }
 
 std::string modTrlx::contentOf(const Extracted& file) {
-    return file.content ? *file.content : disk_.readFile(file.path);
+    return file.content ? *file.content : game_.disk().readFile(file.path);
 }
 
-void modTrlx::readGuiPages(bool small) {
+void modTrlx::readGuiPages() {
     addThoseOnDisk(pages_, "guis");
     for (const auto& [key, file] : pages_) {
-        toolkit_.doEvents();
+        game_.log().breathe();
         const auto page = file.path.substr(file.path.rfind('\\') + 1);
         const bool named = page.size() >= pageSuffixLength;
-        GuiPageReader reader(menus_, named ? page.substr(0, page.size() - pageSuffixLength) : "",
-                             compressMenus_);
+        formats::GuiPageReader reader(menus_, named ? page.substr(0, page.size() - pageSuffixLength) : "",
+                             settings_.compress);
         const auto text = contentOf(file);
         if (named)
             for (const auto& line : platform::splitLines(text)) {
-                toolkit_.doEvents();
+                game_.log().breathe();
                 reader.readLine(line);
             }
         if (reader.hasButtons())
-            main_.CopyFile(stockFile("BUILDM.GUI", small), file.path, false);
+            game_.CopyFile(stockFile("BUILDM.GUI"), file.path);
         else
-            main_.DeleteFile(file.path, false, true);
+            game_.DeleteFile(file.path, true);
     }
 }
 
@@ -161,9 +152,9 @@ void modTrlx::readDownloads() {
     std::erase_if(downloads_, [](const auto& file) { return !file.first.ends_with(".tdf"); });
     showStage("Getting units from download TDFs");
     for (const auto& [key, file] : downloads_) {
-        DownloadReader reader(menus_);
+        formats::DownloadReader reader(menus_);
         for (const auto& line : platform::splitLines(contentOf(file))) {
-            toolkit_.doEvents();
+            game_.log().breathe();
             reader.readLine(line);
         }
     }
@@ -173,42 +164,42 @@ void modTrlx::readDownloads() {
 /// in its place, unless it has been written over.
 void modTrlx::putOutOfAction() {
     for (const auto& [key, file] : downloads_)
-        main_.CopyFile(stockFile("dlKILL.TDF", false), file.path, false);
+        game_.CopyFile(game_.inDataTree("VXL-Trlx\\dlKILL.TDF"), file.path);
     downloads_.clear();
 }
 
 void modTrlx::writeMenuList(const std::string& fileName) {
-    disk_.writeFile(main_.TADir + "\\Vexillum\\" + fileName, menuListText(menus_.menus()));
+    game_.disk().writeFile(game_.inDataTree(fileName), formats::menuListText(menus_.menus()));
 }
 
-void modTrlx::writeDownloads(bool small) {
+void modTrlx::writeDownloads() {
     showStage("Converting GUI data to download TDF data");
-    DownloadTable table;
+    formats::DownloadTable table;
     for (const auto& menu : menus_.menus()) {
-        toolkit_.doEvents();
-        table.addMenu(menu, small);
+        game_.log().breathe();
+        table.addMenu(menu, settings_.small);
     }
     showStage("Writing download TDFs");
     for (const auto& unit : table.downloads()) {
-        toolkit_.doEvents();
+        game_.log().breathe();
         if (leadsOut(unit.unitName))
             unitLeadingOut_ = unit.unitName;
-        auto path = main_.TADir + "\\download\\" + unit.unitName + ".tdf";
+        auto path = game_.at("download\\" + unit.unitName + ".tdf");
         // A file that is there keeps the spelling of its name.
         if (const auto old = downloads_.find(platform::foldCase(unit.unitName + ".tdf"));
             old != downloads_.end()) {
             path = old->second.path;
             downloads_.erase(old);
         }
-        disk_.writeFile(path, downloadText(unit));
+        game_.disk().writeFile(path, formats::downloadText(unit));
     }
 }
 
-void modTrlx::copyDataFiles(bool small) {
+void modTrlx::copyDataFiles() {
     showStage("Copying Data Files");
-    platform::attempt([&] { disk_.makeFolder(main_.TADir + "\\anims"); });
+    platform::attempt([&] { game_.disk().makeFolder(game_.at("anims")); });
     const auto copy = [&](const char* from, const char* to) {
-        main_.CopyFile(stockFile(from, small), main_.TADir + "\\" + to, false);
+        game_.CopyFile(stockFile(from), game_.at(to));
     };
     copy("commongui.GAF", "anims\\commongui.gaf");
     copy("ARMGEN.GUI", "guis\\ARMGEN.GUI");
@@ -217,8 +208,9 @@ void modTrlx::copyDataFiles(bool small) {
     copy("BUILDM.GUI", "guis\\CORDL.GUI");
 }
 
-std::string modTrlx::stockFile(const std::string& name, bool small) const {
-    return main_.TADir + "\\Vexillum\\VXL-Trlx\\" + (small ? "800x600\\" : "") + name;
+/// Most stock files come in two sizes.
+std::string modTrlx::stockFile(const std::string& name) const {
+    return game_.inDataTree("VXL-Trlx\\" + std::string(settings_.small ? "800x600\\" : "") + name);
 }
 
 } // namespace menumod

@@ -152,4 +152,8 @@ std::vector<std::string> splitLines(std::string_view bytes) {
     return lines;
 }
 
+std::string withLineBreaks(std::string_view bytes) {
+    return joinLines(splitLines(bytes));
+}
+
 } // namespace platform

@@ -1,7 +1,7 @@
 // Lines of weapon files and what they claim.
 #include <gtest/gtest.h>
 
-#include "conflict/modConflict.h"
+#include "conflict/weapon_table.h"
 #include "platform/text.h"
 
 namespace conflict {

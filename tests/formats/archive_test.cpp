@@ -8,7 +8,7 @@
 #include "platform/failure.h"
 #include "support/archive_writer.h"
 
-namespace platform {
+namespace formats {
 namespace {
 
 using test::packArchive;
@@ -43,7 +43,7 @@ std::map<std::string, std::string> unpack(const std::string& bytes) {
     const auto archive = Archive::open(asBytes(bytes));
     for (std::size_t i = 0; archive && i < archive->entries().size(); ++i)
         if (!archive->entries()[i].isFolder)
-            attempt([&] { files[archive->pathOf(i)] = contentOf(*archive, i); });
+            platform::attempt([&] { files[archive->pathOf(i)] = contentOf(*archive, i); });
     return files;
 }
 
@@ -220,4 +220,4 @@ TEST(Archive, any_byte_may_be_wrong) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace formats

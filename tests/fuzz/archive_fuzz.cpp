@@ -7,14 +7,14 @@
 #include "platform/failure.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const auto archive = platform::Archive::open({data, size});
+    const auto archive = formats::Archive::open({data, size});
     if (!archive)
         return 0;
     if (archive->entries().size() > size / 9)
         std::abort();
     std::size_t total = 0;
     for (std::size_t i = 0; i < archive->entries().size() && i < 200; ++i) {
-        if (archive->pathOf(i).size() > platform::Archive::longestPath)
+        if (archive->pathOf(i).size() > formats::Archive::longestPath)
             std::abort();
         if (!archive->entries()[i].isFolder && total < (1U << 24U))
             platform::attempt([&] {

@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "menumod/build_menu.h"
+#include "formats/build_menu.h"
 #include "platform/text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -11,21 +11,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
     const bool compress = (data[0] & 1U) != 0;
     const bool small = (data[0] & 2U) != 0;
-    menumod::MenuTable table;
-    menumod::GuiPageReader page(table, "XYZ", compress);
-    menumod::DownloadReader download(table);
+    formats::MenuTable table;
+    formats::GuiPageReader page(table, "XYZ", compress);
+    formats::DownloadReader download(table);
     for (const auto& line : platform::splitLines(text)) {
         page.readLine(line);
         download.readLine(line);
     }
     if (compress)
         table.compress();
-    menumod::menuListText(table.menus());
-    menumod::DownloadTable downloads;
+    formats::menuListText(table.menus());
+    formats::DownloadTable downloads;
     for (const auto& menu : table.menus())
         downloads.addMenu(menu, small);
     for (const auto& unit : downloads.downloads()) {
-        menumod::downloadText(unit);
+        formats::downloadText(unit);
         for (const auto& entry : unit.entries)
             if (entry.menu < 2 || entry.menu > 8 || entry.button < 0 || entry.button > 11)
                 std::abort();

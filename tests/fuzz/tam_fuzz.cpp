@@ -2,19 +2,19 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "installers/tam_release.h"
+#include "formats/tam_release.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 2)
         return 0;
     constexpr const char* names[] = {"name.tc", "name.ai", "}{name.tam", "name.tam", "x", "a.pac"};
-    const auto type = static_cast<installers::TamType>(data[0] % 5);
+    const auto type = static_cast<formats::TamType>(data[0] % 5);
     const auto* name = names[data[1] % 6];
     const std::string_view text(reinterpret_cast<const char*>(data) + 2, size - 2);
-    using Kind = installers::TamStep::Kind;
+    using Kind = formats::TamStep::Kind;
     bool hasFolder = false;
     bool hasFailed = false;
-    for (const auto& step : installers::convertTam(type, name, text, "Mod")) {
+    for (const auto& step : formats::convertTam(type, name, text, "Mod")) {
         if (hasFailed)
             std::abort();
         hasFailed = step.kind == Kind::error;
@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const bool isCopy = step.kind == Kind::copy || step.kind == Kind::copyIfThere;
         if ((isCopy || step.kind == Kind::write) && !hasFolder)
             std::abort();
-        if (isCopy && (!installers::staysBelow(step.from) || !installers::staysBelow(step.to) ||
+        if (isCopy && (!formats::staysBelow(step.from) || !formats::staysBelow(step.to) ||
                        step.to.find("..\\") == 0 || step.to.starts_with('\\')))
             std::abort();
     }

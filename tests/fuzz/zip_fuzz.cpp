@@ -2,24 +2,24 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "installers/member_import.h"
+#include "releases/member_import.h"
 #include "platform/failure.h"
-#include "platform/paths.h"
+#include "platform/relative_path.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::uint64_t mostUnpacked = 1 << 22; // what a run has time for
     platform::attempt([&] {
-        platform::ZipReader listing({data, size});
-        const auto contents = installers::contentsOf(listing);
+        formats::ZipReader listing({data, size});
+        const auto contents = releases::contentsOf(listing);
         for (const auto& member : contents.members) {
-            const auto path = installers::belowTop(member.path, contents.topFolder);
-            if (!path.empty() && !platform::isPlainPathBelow("/game\\" + path, "/game"))
+            const auto path = releases::belowTop(member.path, contents.topFolder);
+            if (!path.empty() && !platform::RelativePath::accepts(path, platform::PathRules::own()))
                 std::abort();
         }
     });
     std::uint64_t unpacked = 0;
     platform::attempt([&] {
-        platform::ZipReader archive({data, size});
+        formats::ZipReader archive({data, size});
         while (archive.next())
             platform::attempt([&] {
                 archive.extract([&](std::string_view piece) {

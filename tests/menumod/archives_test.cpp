@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "conflict/modConflict.h"
+#include "menumod/modHPIUtil.h"
 #include "support/archive_writer.h"
 #include "support/game.h"
 

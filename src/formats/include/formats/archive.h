@@ -12,7 +12,7 @@
 
 #include "platform/disk.h"
 
-namespace platform {
+namespace formats {
 
 using Bytes = std::span<const std::uint8_t>;
 
@@ -42,7 +42,7 @@ class Archive {
 
     /// Unpacks a file. Throws Failure where its data cannot be trusted; pieces may have been given
     /// out by then. Memory stays below a few chunks.
-    void extract(std::size_t entry, const PieceSink& sink) const;
+    void extract(std::size_t entry, const platform::PieceSink& sink) const;
 
   private:
     explicit Archive(Bytes bytes, std::uint32_t headerKey);
@@ -63,8 +63,8 @@ class Archive {
     bool nameAt(std::uint32_t offset, std::string& name) const;
     void listAll(std::uint32_t root);
     void listFolder(const Folder& folder, std::vector<Folder>& open);
-    void extractStored(std::uint32_t offset, std::uint32_t size, const PieceSink& sink) const;
-    void extractChunks(std::uint32_t offset, std::uint32_t size, const PieceSink& sink) const;
+    void extractStored(std::uint32_t offset, std::uint32_t size, const platform::PieceSink& sink) const;
+    void extractChunks(std::uint32_t offset, std::uint32_t size, const platform::PieceSink& sink) const;
 
     Bytes bytes_;
     bool encrypted_;
@@ -72,4 +72,4 @@ class Archive {
     std::vector<Entry> entries_;
 };
 
-} // namespace platform
+} // namespace formats

@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <span>
 
-namespace platform {
+namespace formats {
 
 /// Fills `to` from a chunk's data. False if the data ends early, gives another length than `to`
 /// has, or does not end where it should.
 bool unpackLz77(std::span<const std::uint8_t> from, std::span<std::uint8_t> to);
 
-} // namespace platform
+} // namespace formats

@@ -10,7 +10,7 @@
 
 #include "platform/disk.h"
 
-namespace platform {
+namespace formats {
 
 /// Goes through one archive, entry by entry. Bytes must outlive it.
 class ZipReader {
@@ -26,9 +26,9 @@ class ZipReader {
 
     /// Throws Failure if the bytes are no zip archive.
     explicit ZipReader(std::span<const std::uint8_t> bytes);
-    /// Reads a file, by its path in the system's form, piece by piece: it may be cut short by
-    /// others meanwhile. Throws Failure if it is no zip archive.
-    explicit ZipReader(const std::string& systemPath);
+    /// Reads a file piece by piece: it may be cut short by others meanwhile. Throws Failure if it is
+    /// no zip archive.
+    explicit ZipReader(std::unique_ptr<platform::FileReader> file);
     ~ZipReader();
     ZipReader(const ZipReader&) = delete;
     ZipReader& operator=(const ZipReader&) = delete;
@@ -37,12 +37,12 @@ class ZipReader {
     std::optional<Entry> next();
 
     /// Unpacks the entry that `next` gave last. Throws Failure where its data is damaged or
-    /// encrypted; pieces may have been given out by then.
-    void extract(const PieceSink& sink);
+    /// encrypted, or has another length than it says; pieces may have been given out by then.
+    void extract(const platform::PieceSink& sink);
 
   private:
     struct Handle;
     std::unique_ptr<Handle> handle_;
 };
 
-} // namespace platform
+} // namespace formats

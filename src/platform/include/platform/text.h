@@ -27,4 +27,18 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
 /// The lines of a text file. CR LF, LF or CR ends a line; a last line without an end counts.
 std::vector<std::string> splitLines(std::string_view bytes);
 
+/// The lines of a list as a text: the line break stands behind each, the last one too.
+template <typename Lines>
+std::string joinLines(const Lines& lines) {
+    std::string text;
+    for (const auto& line : lines) {
+        text += line;
+        text += lineBreak;
+    }
+    return text;
+}
+
+/// The lines of a text, however they end there, each with a line break of the program's own.
+std::string withLineBreaks(std::string_view bytes);
+
 } // namespace platform

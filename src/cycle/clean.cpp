@@ -1,0 +1,57 @@
+// What stays is told by name: a list for programs, one for libraries, one for all other files.
+#include "cycle/clean.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <string>
+
+#include "platform/failure.h"
+#include "platform/text.h"
+#include "releases/release_types.h"
+
+namespace cycle {
+namespace {
+
+using Names = std::span<const std::string_view>;
+
+constexpr std::array<std::string_view, 2> programs = {"vexillum.exe", "totala.exe"};
+constexpr std::array<std::string_view, 4> libraries = {"hpiutil.dll", "dplayx.dll", "smackw32.dll",
+                                                       "spank.dll"};
+constexpr std::array<std::string_view, 9> others = {"totala1.hpi", "ccdata.ccx", "ccmiss.ccx",
+                                                    "ccmaps.ccx",  "btdata.ccx", "btmiss.ccx",
+                                                    "btmaps.ccx",  "rev31.gp3",  "totala.ini"};
+
+bool stays(const std::string& file) {
+    const auto name = platform::foldCase(file);
+    const Names names = name.ends_with(".exe")   ? Names(programs)
+                        : name.ends_with(".dll") ? Names(libraries)
+                                                 : Names(others);
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+} // namespace
+
+void cleanGameDirectory(releases::GameDirectory& game, std::string_view programName) {
+    const auto cleaned = game.at("CleanedFiles");
+    platform::attempt([&] { game.disk().makeFolder(cleaned); });
+    game.beginMoves();
+    const auto move = [&](const std::string& name) {
+        game.MoveFile(game.at(name), cleaned + "\\" + name);
+    };
+    releases::StringArray names;
+    game.fileArray(names, game.TADir());
+    for (const auto& name : names.entries()) {
+        game.log().breathe();
+        if (!stays(name) && !platform::equalIgnoringCase(name, programName))
+            move(name);
+    }
+    game.folderArray(names, game.TADir());
+    for (const auto& name : names.entries()) {
+        game.log().breathe();
+        if (!platform::equalIgnoringCase(name, releases::dataTree))
+            move(name);
+    }
+}
+
+} // namespace cycle

@@ -1,0 +1,21 @@
+// The apply: from the selection to the state of the game directory. All questions come before the
+// first change, and the journal stands on the disk before the first file moves.
+#pragma once
+
+#include <functional>
+
+#include "cycle/plan.h"
+#include "cycle/selection.h"
+#include "releases/game_directory.h"
+
+namespace cycle {
+
+/// Works the plan out and asks about every clash. Changes nothing on the disk.
+Plan makePlan(const releases::GameDirectory& game, const Selection& selection);
+
+/// Writes the journal, makes the folders, moves the files; then runs `modifier`, if there is one.
+/// Passes over every failure: a file that cannot be moved is told of, all others go on.
+void carryOut(releases::GameDirectory& game, const Plan& plan,
+              const std::function<void()>& modifier = {});
+
+} // namespace cycle

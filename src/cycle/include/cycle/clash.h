@@ -1,0 +1,57 @@
+// Two files that want one place: who they are, who gets it, and why. Kept with the plan, so that it
+// can be shown before it is carried out.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "cycle/move_list.h"
+
+namespace cycle {
+
+/// What the user is asked while a plan is made: A is named first, and Yes is for A.
+struct ClashQuestion {
+    moveEntry a;
+    moveEntry b;
+
+    std::string text() const;
+};
+
+/// Whether an EXE that a release brings shall be the game.
+struct ExeQuestion {
+    moveEntry exe;
+
+    std::string text() const;
+};
+
+/// True for Yes. Nothing is changed while a plan is made, so an answer may take its time.
+struct Answers {
+    std::function<bool(const ClashQuestion&)> clash;
+    std::function<bool(const ExeQuestion&)> exe;
+};
+
+struct Clash {
+    enum class Why {
+        answered,     ///< the user was asked about the two
+        chosenAsGame, ///< the user took the winner for the game's own program
+    };
+    std::string place; ///< relative to the game directory
+    moveEntry winner;  ///< as they were when they met
+    moveEntry loser;
+    Why why = Why::answered;
+    /// Where a file of the game that makes room waits; empty for a release's file, which is not
+    /// moved at all.
+    std::string waitsAt;
+};
+
+/// Settles who gets a destination that two entries want, and notes it. The loser is cleared, but for
+/// a file of the game, which goes to the holding folder. Without two entries of one destination
+/// nothing happens.
+void resolveClash(MoveList& moves, int idxA, int idxB, const Answers& answers,
+                  std::vector<Clash>& clashes);
+
+/// Sends a file of the game to the holding folder; where it waits.
+const std::string& displace(MoveList& moves, int slot);
+
+} // namespace cycle

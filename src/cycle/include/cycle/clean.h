@@ -1,0 +1,16 @@
+// The cleaner: clears the game directory of all that came neither with the game nor with this
+// program.
+#pragma once
+
+#include <string_view>
+
+#include "releases/game_directory.h"
+
+namespace cycle {
+
+/// Moves everything else into the folder "CleanedFiles", folders whole but for the data tree.
+/// `programName` is this program's file, which stays too. Passes over every failure but those that
+/// MoveFile tells of.
+void cleanGameDirectory(releases::GameDirectory& game, std::string_view programName);
+
+} // namespace cycle

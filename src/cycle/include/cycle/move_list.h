@@ -1,0 +1,65 @@
+// The planned files in the order of their coming, found by where they are to go.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "releases/release_types.h"
+
+namespace cycle {
+
+/// One planned file. Paths are relative to the game directory.
+struct moveEntry {
+    std::string fromPath;
+    std::string toPath;
+    releases::ReleaseType relType = releases::ReleaseType::none;
+    std::string relName;
+
+    /// The one test of what is carried out and stands in the journal. It leaves out the game's
+    /// files that stay and the entries that were cleared.
+    bool moves() const { return toPath != fromPath; }
+    /// Files found in the game directory are booked as those of the default total conversion.
+    bool isGames() const {
+        return relType == releases::ReleaseType::tc && relName == releases::defaultTC;
+    }
+};
+
+/// Slot 0 is blank and stands for nothing.
+class MoveList {
+  public:
+    MoveList() : slots_(1) {}
+
+    int last() const { return static_cast<int>(slots_.size()) - 1; }
+    const moveEntry& operator[](int slot) const { return slots_[static_cast<std::size_t>(slot)]; }
+    std::span<const moveEntry> entries() const { return std::span(slots_).subspan(1); }
+
+    void add(moveEntry entry);
+    void setToPath(int slot, std::string toPath);
+    void clear(int slot);
+    /// The first slot with that destination, case ignored, or -1.
+    int firstWithDest(std::string_view toPath) const;
+
+  private:
+    moveEntry& at(int slot) { return slots_[static_cast<std::size_t>(slot)]; }
+    void forget(int slot);
+    void remember(int slot);
+
+    std::vector<moveEntry> slots_;
+    /// Slots by their destination, case folded.
+    std::unordered_map<std::string, std::vector<int>> byDest_;
+};
+
+/// Without leading backslashes, doubled ones made single.
+std::string cleanRelPath(std::string_view path);
+
+void addMove(MoveList& moves, std::string_view fromPath, std::string_view toPath,
+             releases::ReleaseType type, std::string_view relName);
+
+/// The first slot with that destination, case ignored, or -1.
+int findDest(const MoveList& moves, std::string_view toPath);
+
+} // namespace cycle

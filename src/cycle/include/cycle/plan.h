@@ -1,0 +1,64 @@
+// The plan: which file of which release is to lie where. Worked out of directory listings, the
+// selection and the user's answers; nothing here touches the disk.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <span>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "cycle/clash.h"
+#include "cycle/move_list.h"
+#include "cycle/selection.h"
+#include "formats/journal.h"
+#include "releases/modArray.h"
+
+namespace cycle {
+
+/// The directory listings that the plan is made of, by paths relative to the game directory. False
+/// where there is no such folder, and then the array is as it was.
+struct Listings {
+    using List = std::function<bool(releases::StringArray& names, const std::string& relativePath)>;
+    List folders;
+    List files;
+};
+
+class Plan {
+  public:
+    /// The whole plan of a selection: the game, then the releases in the order of their types, then
+    /// the question of the game's own program.
+    static Plan make(const Selection& selection, const Listings& listings, const Answers& answers);
+
+    /// The stages of it, one by one. `name` is in the form in which the selection has it.
+    void gatherGame(const Listings& listings);
+    void gatherRelease(releases::ReleaseType type, const std::string& name,
+                       const Listings& listings, const Answers& answers);
+    void chooseExe(const Answers& answers);
+
+    std::span<const moveEntry> entries() const { return moves_.entries(); }
+    /// The folders directly in the game directory that the releases need.
+    const releases::StringArray& mkdirs() const { return mkdirs_; }
+    /// In the order in which they were settled.
+    const std::vector<Clash>& clashes() const { return clashes_; }
+
+    /// What is carried out, and what the next start is to undo.
+    formats::Journal journal() const;
+
+  private:
+    void gatherFolder(releases::ReleaseType type, const std::string& name,
+                      const std::string& folder, const std::vector<std::string>& files,
+                      const std::string& sub, const Answers& answers);
+    void gatherLoose(releases::ReleaseType type, const std::string& name, const Listings& listings,
+                     const Answers& answers);
+    void settleLast(const Answers& answers);
+
+    MoveList moves_;
+    releases::StringArray mkdirs_;
+    std::vector<Clash> clashes_;
+    /// The files of the loose folders by type, case folded; listed when first asked for.
+    std::map<releases::ReleaseType, std::unordered_set<std::string>> looseFiles_;
+};
+
+} // namespace cycle

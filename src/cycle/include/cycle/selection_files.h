@@ -1,0 +1,20 @@
+// The selection between two runs: seven text files in the data tree.
+#pragma once
+
+#include "cycle/selection.h"
+#include "releases/game_directory.h"
+
+namespace cycle {
+
+/// Reads all files in their order. Throws Failure at the first that cannot be read; what stood in
+/// those before it has been taken over by then.
+void readSels(const releases::GameDirectory& game, Selection& selection);
+
+/// Writes all files in their order. Throws Failure at the first that cannot be written; a crash
+/// leaves each file old or new, whole.
+void saveSels(const releases::GameDirectory& game, const Selection& selection);
+
+/// Blanks all files, which marks that a run has begun. Fails as saveSels does.
+void killSels(const releases::GameDirectory& game);
+
+} // namespace cycle

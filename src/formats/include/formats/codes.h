@@ -1,0 +1,25 @@
+// Compatibility codes: a release and a total conversion that share one are meant for each other.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace formats {
+
+/// The codes of a file: every line is one, nothing is trimmed or left out.
+std::vector<std::string> readCodes(std::string_view bytes);
+
+/// What a file of codes shows as in one line: a blank behind each.
+std::string shownCodes(const std::vector<std::string>& codes);
+
+/// A file for codes that a person has typed, set off by blanks.
+std::string codesText(std::string_view typed);
+
+/// Whether a release with codes fits a total conversion with codes, as sets, case ignored. "*" and
+/// "any" fit all, but only where a release has them. A conversion without codes takes everything; an
+/// empty code of a release fits any conversion.
+bool areCompatible(const std::vector<std::string>& release,
+                   const std::vector<std::string>& conversion);
+
+} // namespace formats

@@ -1,0 +1,35 @@
+// The texts of the change journal: what an apply is about to do to the game directory, so that the
+// next start can undo it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace formats {
+
+/// Paths are relative to the game directory.
+struct Journal {
+    struct Move {
+        std::string source;
+        std::string destination;
+        // For the readable text alone; empty and 0 in a journal that was read back.
+        std::string release;
+        int typeNumber = 0;
+    };
+    std::vector<std::string> folders; ///< made in the game directory, in the order of making
+    std::vector<Move> moves;          ///< in the order of moving
+};
+
+/// The journal proper, read back at the next start.
+std::string journalText(const Journal& journal);
+
+/// The same facts laid out for a person.
+std::string humanText(const Journal& journal);
+
+/// Nothing if one of the words that head the two sections is missing. A last source that has no
+/// destination is passed over.
+std::optional<Journal> readJournal(std::string_view text);
+
+} // namespace formats

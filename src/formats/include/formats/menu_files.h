@@ -1,0 +1,83 @@
+// The files that hold build menus: GUI pages and download TDFs, read line by line into a menu table,
+// and the download TDFs that are generated out of one.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "formats/build_menu.h"
+
+namespace formats {
+
+/// A line without what follows its first ";", and without the blanks and tabs ahead.
+std::string_view cleanLine(std::string_view line);
+
+/// Takes in a GUI page line by line.
+class GuiPageReader {
+  public:
+    /// `skipPlaceholders` passes over the lines that name one.
+    GuiPageReader(MenuTable& table, std::string builder, bool skipPlaceholders)
+        : table_(table), builder_(std::move(builder)), skipPlaceholders_(skipPlaceholders) {}
+
+    void readLine(std::string_view line);
+    bool hasButtons() const { return hasButtons_; }
+
+  private:
+    MenuTable& table_;
+    std::string builder_;
+    bool skipPlaceholders_;
+    std::string pending_;
+    bool hasButtons_ = false;
+};
+
+/// Takes in a download TDF line by line. A record is whole with the last of its four values, in any
+/// order; values carry over section heads until then.
+class DownloadReader {
+  public:
+    explicit DownloadReader(MenuTable& table) : table_(table) {}
+
+    void readLine(std::string_view line);
+
+  private:
+    MenuTable& table_;
+    std::string unitMenu_;
+    std::string unitName_;
+    int menu_ = anyPosition;
+    int button_ = anyPosition;
+};
+
+/// One place of a unit on a builder's menu.
+struct DownloadEntry {
+    int menu;
+    int button;
+    std::string builder;
+};
+
+/// One generated file.
+struct DownloadUnit {
+    std::string unitName;
+    std::vector<DownloadEntry> entries;
+};
+
+/// The units in the order in which they were first met, told apart by case.
+class DownloadTable {
+  public:
+    const std::vector<DownloadUnit>& downloads() const { return downloads_; }
+
+    int findDownload(const std::string& unit) const;
+    /// Without `small` two menus of six buttons become one of twelve.
+    void addDownloadEntry(const std::string& unit, const std::string& builder, int menu, int button,
+                          bool small);
+    /// Adds all real units of a builder's menu.
+    void addMenu(const BuildMenu& menu, bool small);
+
+  private:
+    std::vector<DownloadUnit> downloads_;
+    std::unordered_map<std::string, int> byName_;
+};
+
+std::string downloadText(const DownloadUnit& unit);
+
+} // namespace formats

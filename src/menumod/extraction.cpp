@@ -1,0 +1,52 @@
+// Entries are written to the disk unless somebody takes them over.
+#include "menumod/extraction.h"
+
+#include "platform/failure.h"
+#include "platform/text.h"
+
+namespace menumod {
+
+void Extraction::forEachArchive(const std::function<void(int handle)>& visit) {
+    releases::StringArray files;
+    game_.fileArray(files, game_.TADir());
+    for (const auto& file : files.entries()) {
+        game_.log().breathe();
+        const int handle = archives_.HPIOpen(game_.at(file));
+        if (handle != 0)
+            visit(handle);
+        archives_.HPIClose(handle);
+    }
+}
+
+void Extraction::extractFolder(int handle, const std::string& folder, const std::string& extension,
+                               const std::string& dest, bool underTree) {
+    auto destination = underTree ? game_.inDataTree(dest) : game_.at(dest);
+    while (destination.ends_with('\\'))
+        destination.pop_back();
+    platform::attempt([&] { game_.disk().makeFolder(destination + "\\" + folder); });
+    std::string name;
+    int type = 0;
+    int size = 0;
+    for (int next = 0; (next = archives_.HPIGetFiles(handle, next, name, type, size)) != 0;) {
+        game_.log().breathe();
+        if (type == 0 && platform::equalIgnoringCase(name.substr(0, folder.size()), folder) &&
+            platform::endsWithIgnoringCase(name, extension))
+            extractEntry(handle, name, folder, destination + "\\" + name);
+    }
+}
+
+/// Only what lies in the folder asked for may take a file's place. The test on the path's beginning
+/// lets others through, such as a root file "guisnote.txt".
+void Extraction::extractEntry(int handle, const std::string& name, const std::string& folder,
+                              const std::string& destination) {
+    // A hidden file would be in no listing, and so never be removed again.
+    if (name.starts_with('.') || name.find("\\.") != std::string::npos)
+        return;
+    const bool inFolder = name.size() > folder.size() && name[folder.size()] == '\\';
+    if (inFolder && takeOver && takeOver(handle, name))
+        return;
+    if (inFolder || !game_.DoesFileExist(destination))
+        archives_.HPIExtractFile(handle, name, destination);
+}
+
+} // namespace menumod

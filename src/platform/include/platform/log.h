@@ -1,0 +1,33 @@
+// What long work tells whoever watches it. The core writes here and never knows whether a window, a
+// terminal or nobody reads.
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+class Log {
+  public:
+    Log() = default;
+    virtual ~Log() = default;
+    Log(const Log&) = delete;
+    Log& operator=(const Log&) = delete;
+
+    /// A new stretch of the work begins. The first one opens the log.
+    virtual void stage(const std::string& text) = 0;
+    /// One thing that is being done, or was.
+    virtual void line(const std::string& text) = 0;
+    /// Called between two steps, once for each file, folder or line of a file. Whoever shows the
+    /// log may paint here. Nothing that runs in here changes what the work goes on with.
+    virtual void breathe() = 0;
+};
+
+/// Work that nobody watches.
+class NoLog final : public Log {
+  public:
+    void stage(const std::string& /*text*/) override {}
+    void line(const std::string& /*text*/) override {}
+    void breathe() override {}
+};
+
+} // namespace platform

@@ -1,0 +1,94 @@
+// Copies what the user has at hand into a release's folder: files, folders, and what is in zip
+// archives.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "formats/zip.h"
+#include "releases/game_directory.h"
+
+namespace releases {
+
+/// One file or folder to come, by its path below the release's folder.
+struct Member {
+    std::string path;
+    bool isFolder = false;
+    std::uint64_t size = 0;
+};
+
+/// What an archive brings, in the order of its entries.
+struct ZipContents {
+    std::vector<Member> members;
+    std::vector<std::string> leftOut; ///< names that cannot be trusted
+    /// The one top folder that holds everything else and is not to be made, with a backslash behind
+    /// it; empty where there is none.
+    std::string topFolder;
+};
+
+/// Throws Failure if it is no zip archive or a damaged one.
+ZipContents contentsOf(formats::ZipReader& archive);
+
+/// The path of an entry without the top folder; empty for that folder itself.
+std::string belowTop(const std::string& path, const std::string& topFolder);
+
+class MemberImport {
+  public:
+    static constexpr int whole = 1000;
+    struct Progress {
+        std::string file;
+        int done = 0; ///< of `whole`
+    };
+    /// False stops the copying at once; the file at hand is not kept.
+    using OnProgress = std::function<bool(const Progress&)>;
+
+    /// Numbers of files; an archive that cannot be read counts as one.
+    struct Result {
+        int copied = 0;
+        int leftOut = 0;
+    };
+
+    /// Into a release's folder, by its absolute path.
+    MemberImport(GameDirectory& game, std::string folder, OnProgress onProgress);
+
+    /// Copies files and folders, by paths in the system's form, and unpacks archives whose names
+    /// end in ".zip". Nothing is replaced unless the user says so. What cannot be copied is told
+    /// of, and the rest goes on.
+    Result copy(const std::vector<std::string>& paths);
+
+  private:
+    struct Source {
+        std::string path; ///< of a file, a folder or an archive
+        Member member;
+        bool isArchive = false;
+    };
+
+    void plan(const std::string& path, const std::string& target);
+    void planFile(const std::string& path, const std::string& target);
+    void planZip(const std::string& path);
+    void carryOut(const Source& source);
+    void unpack(const std::string& path);
+    void makeFolders(const std::string& path);
+    void makeMemberFolder(const std::string& path);
+    bool mayWrite(const std::string& path);
+    /// Runs a step for a file, tells of its failure. Throws Stop where the user has had enough.
+    void write(const std::string& path, const std::function<void(const std::string& target)>& step);
+    void advance(std::uint64_t bytes);
+    void tellOfFailure(const std::string& file, const std::string& reason);
+
+    platform::Disk& disk_;
+    platform::Questions& questions_;
+    std::string folder_;
+    OnProgress onProgress_;
+    std::vector<Source> sources_;
+    platform::MessageRow replacements_ = platform::MessageRow::withoutLog();
+    platform::MessageRow failures_ = platform::MessageRow::withoutLog();
+    std::string current_;
+    std::uint64_t all_ = 0;
+    std::uint64_t done_ = 0;
+    Result result_;
+};
+
+} // namespace releases

@@ -1,0 +1,63 @@
+// The data tree: which releases there are, where their files lie, their texts and codes, and the
+// changes that a user makes to it by name.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "releases/game_directory.h"
+#include "releases/modArray.h"
+#include "releases/release_types.h"
+
+namespace releases {
+
+/// What the catalogue shows of a release.
+struct ReleaseTexts {
+    /// Paths of files that are there.
+    std::optional<std::string> readme;
+    std::optional<std::string> about; ///< its lines, each with a line break; nothing if there is none
+    std::optional<std::vector<std::string>> codes;
+};
+
+class Store {
+  public:
+    explicit Store(GameDirectory& game) : game_(game) {}
+
+    /// Reads the names of all folders of the data tree. They stay as they are until the next time:
+    /// whatever adds, renames or removes a release shows at the program's next start.
+    void read();
+    const StringArray& storeFolders() const { return storeFolders_; }
+
+    /// The display names of a type's releases, in the order of a listing. Loose files are listed
+    /// anew each time.
+    std::vector<std::string> releasesOf(ReleaseType type) const;
+    int countOf(ReleaseType type) const;
+    /// Whether a release has a folder, by the form of its name that the folder has.
+    bool hasFolder(ReleaseType type, std::string_view folderName) const;
+
+    /// The absolute path of a release's folder, whether there is one or not.
+    std::string folderOf(ReleaseType type, std::string_view displayName) const;
+
+    /// A release without a folder is taken for a loose file. What cannot be read shows as not there.
+    ReleaseTexts textsOf(ReleaseType type, std::string_view displayName) const;
+
+    /// Gives a release's folder another name. Returns why that could not be done, or nothing.
+    std::string rename(ReleaseType type, std::string_view oldName, std::string_view newName) const;
+
+    /// Removes a release with its folder, or a loose file with the text beside it. Passes over every
+    /// failure.
+    void remove(ReleaseType type, std::string_view displayName) const;
+
+  private:
+    std::string looseFolderOf(ReleaseType type) const;
+    std::vector<std::string> looseFiles(ReleaseType type) const;
+    std::optional<std::string> companionOf(ReleaseType type, std::string_view file) const;
+    std::optional<std::string> readText(const std::string& path) const;
+
+    GameDirectory& game_;
+    StringArray storeFolders_;
+};
+
+} // namespace releases

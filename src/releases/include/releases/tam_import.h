@@ -1,0 +1,42 @@
+// A release in the format of another tool, TAM, becomes one of the data tree. The TAM release stays
+// where it is.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "formats/tam_release.h"
+#include "releases/game_directory.h"
+
+namespace releases {
+
+class TamImport {
+  public:
+    /// A file of the new release, by its path below the game directory with a backslash ahead.
+    struct Added {
+        std::string file;
+        std::string note; ///< what went wrong with it, or nothing
+    };
+
+    explicit TamImport(GameDirectory& game) : game_(game) {}
+
+    /// Converts the release of a data file, by its path in the system's form, into a new release of
+    /// a type. False where it was not converted to the end; the user has been told why, and what was
+    /// made by then stays.
+    bool convert(formats::TamType type, const std::string& path, const std::string& shortType);
+
+    const std::vector<Added>& added() const { return added_; }
+
+  private:
+    bool carryOut(const formats::TamStep& step);
+    bool makeReleaseFolder(const std::string& name);
+    void copyMember(const formats::TamStep& step);
+
+    GameDirectory& game_;
+    std::string shortType_;
+    std::string dataFolder_;
+    std::string releaseFolder_; ///< below the game directory
+    std::vector<Added> added_;
+};
+
+} // namespace releases

@@ -1,0 +1,38 @@
+// Boxes carry the program's title and no icon.
+#include "windows/ask_user.h"
+
+#include "platform/text.h"
+#include "windows/title.h"
+
+namespace windows {
+namespace {
+
+std::string inOneLine(const std::string& text) {
+    using platform::replaceAll;
+    return replaceAll(replaceAll(text, "\r\n\r\n", " "), platform::lineBreak, " ");
+}
+
+} // namespace
+
+std::size_t AskUser::ask(const platform::Question& question, platform::MessageRow* row) {
+    if (row != nullptr && row->answerForRest()) {
+        const auto known = *row->answerForRest();
+        const auto answered = inOneLine(question.text) + ": " + question.buttons[known];
+        if (row->hasLog())
+            log_.tellAnsweredAlike(answered);
+        else
+            toolkit_.logged(answered);
+        return known;
+    }
+    const auto answer = toolkit_.showMessage({question.text, applicationTitle, question.buttons,
+                                              row != nullptr && row->offersSameForRest(),
+                                              question.defaultButton, question.detail});
+    if (row != nullptr) {
+        row->noteShown();
+        if (answer.sameForRest)
+            row->answerRest(answer.button);
+    }
+    return answer.button;
+}
+
+} // namespace windows

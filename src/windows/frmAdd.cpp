@@ -1,0 +1,226 @@
+// Steps forward and back. What a step has made on the disk stays, whatever the user does next.
+#include "windows/frmAdd.h"
+
+#include "formats/codes.h"
+#include "formats/display_name.h"
+#include "platform/failure.h"
+#include "platform/text.h"
+#include "releases/member_import.h"
+#include "releases/release_types.h"
+#include "windows/frmMain.h"
+
+namespace windows {
+namespace {
+
+constexpr auto alreadyThere = "Already There";
+
+std::string trimmedBlanks(const std::string& text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::vector<std::string> typeNames() {
+    std::vector<std::string> names(releases::releaseTypes().size());
+    for (const auto& type : releases::releaseTypes())
+        names[static_cast<std::size_t>(type.wizardRow)] = type.shortName;
+    return names;
+}
+
+} // namespace
+
+frmAdd::frmAdd(frmMain& main, std::string shortType)
+    : Window("frmAdd", "Add A " + shortType), cbo1Type(*this, "cbo1Type", typeNames()),
+      main_(main), toolkit_(main.machine().toolkit), disk_(main.machine().disk), steps_(*this),
+      shortType_(std::move(shortType)) {
+    cbo1Type.pick(shortType_);
+    cdc.title = "Locate Readme File";
+    cdc.filter = "Plain Text (*.txt)|*.txt|All Files (*.*)|*.*";
+    cdc.defaultExtension = "*.txt";
+    txt1Name.onLeave = [this] { txt1Name_LostFocus(); };
+    cmd1Prev.onClick = [this] { closeWindow(); };
+    cmd1Next.onClick = [this] { cmd1Next_Click(); };
+    lbl2Copy.onClick = [this] { lbl2Copy_Click(); };
+    cmd2Files.onClick = [this] { cmd2Files_Click(); };
+    cmd2Files.wish = &stopCopying_;
+    cmd2Folder.onClick = [this] { cmd2Folder_Click(); };
+    cmd2Prev.onClick = [this] { cmd2Prev_Click(); };
+    cmd2Next.onClick = [this] { cmd2Next_Click(); };
+    cmd3Browse.onClick = [this] { cmd3Browse_Click(); };
+    cmd3prev.onClick = [this] { GotoStep(2); };
+    cmd3next.onClick = [this] { cmd3next_Click(); };
+    onClose = [this] { closeWindow(); };
+    closeWish = &closeIt_;
+    onDrop = [this](const auto& paths) {
+        if (fraS2.enabled())
+            copyMembers(paths);
+    };
+    toolkit_.load(*this);
+    GotoStep(1);
+}
+
+frmAdd::~frmAdd() {
+    toolkit_.unload(*this);
+}
+
+void frmAdd::GotoStep(int stepNum) {
+    steps_.goTo(stepNum);
+    bar2Files.setVisible(false);
+    defaultButton = stepNum == 1 ? &cmd1Next : stepNum == 2 ? &cmd2Next : &cmd3next;
+}
+
+void frmAdd::closeWindow() {
+    toolkit_.hide(*this);
+}
+
+std::string frmAdd::folderFor(const std::string& name) const {
+    return main_.game().inDataTree(cbo1Type.text() + "-" + name);
+}
+
+/// A release that is there already offers its about text for editing.
+void frmAdd::txt1Name_LostFocus() {
+    platform::attempt([&] {
+        const auto path = folderFor(releases::folderForm(txt1Name.text())) + "\\info.txt";
+        txt1About.setText(txt1About.text() + platform::withLineBreaks(disk_.readFile(path)));
+    });
+}
+
+void frmAdd::cmd1Next_Click() {
+    const auto taken = txt1Name.text();
+    txt1Name.setText(formats::permittedPart(taken));
+    if (txt1Name.text() != taken)
+        return main_.game().questions().tell("Not all ASCII characters are permitted in display names.\r\n\r\n"
+                          "The offending characters have been removed, but you may want to change "
+                          "it.");
+    if (txt1Name.text().empty())
+        return main_.game().questions().tell("You have to enter a display name.\r\n\r\nPlease do so now.");
+    txt1Name.setText(releases::folderForm(taken));
+    releaseFolder_ = folderFor(txt1Name.text());
+    txt2Where.setText(platform::shownPath(releaseFolder_));
+    platform::attempt([&] { disk_.makeFolder(releaseFolder_); });
+    if (!saveAboutText()) {
+        txt1Name.setText(taken);
+        return;
+    }
+    lbl2Files.setText("");
+    GotoStep(2);
+}
+
+/// An empty box leaves a text that is there already. Tells of a failure.
+bool frmAdd::saveAboutText() {
+    if (txt1About.text().empty())
+        return true;
+    try {
+        disk_.replaceFile(releaseFolder_ + "\\info.txt",
+                          txt1About.text() + std::string(platform::lineBreak));
+        return true;
+    } catch (const platform::Failure& failure) {
+        main_.game().questions().tell("The about text could not be saved.\r\n\r\n" + failure.reason());
+        return false;
+    }
+}
+
+void frmAdd::lbl2Copy_Click() {
+    toolkit_.setClipboard(txt2Where.text());
+}
+
+void frmAdd::cmd2Files_Click() {
+    const auto files = toolkit_.askForFiles(
+        {"Copy Files Here", "All Files (*.*)|*.*|Zip Archives (*.zip)|*.zip", {}});
+    if (!files.empty())
+        copyMembers(files);
+}
+
+void frmAdd::cmd2Folder_Click() {
+    if (const auto folder = toolkit_.askForFolder({"Copy A Folder Here", "", {}}))
+        copyMembers({*folder});
+}
+
+/// While files are copied, the same button stops it, and so does closing the window.
+void frmAdd::copyMembers(const std::vector<std::string>& paths) {
+    using releases::MemberImport;
+    stopCopying_.noted = closeIt_.noted = false;
+    const auto stops = [this] { return stopCopying_.noted || closeIt_.noted; };
+    cmd2Files.setText("Stop Copying");
+    for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next})
+        button->setEnabled(false);
+    bar2Files.setDone(0);
+    bar2Files.setVisible(true);
+    MemberImport import(main_.game(), releaseFolder_, [&](const MemberImport::Progress& progress) {
+        lbl2Files.setText(progress.file);
+        bar2Files.setDone(progress.done * ProgressBar::whole / MemberImport::whole);
+        toolkit_.doEvents();
+        return !stops();
+    });
+    const auto [copied, leftOut] = import.copy(paths);
+    bar2Files.setVisible(false);
+    lbl2Files.setText(std::to_string(copied) + (copied == 1 ? " file" : " files") + " copied" +
+                      (leftOut > 0 ? ", " + std::to_string(leftOut) + " not" : "") +
+                      (stops() ? ", then stopped." : "."));
+    cmd2Files.setText("Copy Files Here...");
+    for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next})
+        button->setEnabled(true);
+    if (closeIt_.noted)
+        closeWindow();
+}
+
+void frmAdd::cmd2Prev_Click() {
+    txt1Name.setText(releases::displayForm(txt1Name.text()));
+    GotoStep(1);
+}
+
+void frmAdd::cmd2Next_Click() {
+    GotoStep(3);
+    loadCCodes();
+    if (!platform::attempt([&] { disk_.mapFile(releaseFolder_ + "\\readme.txt"); }))
+        return;
+    lbl3ReadMe.setEnabled(false);
+    txt3ReadMe.setEnabled(false);
+    txt3ReadMe.setText(alreadyThere);
+}
+
+/// Codes that the user has typed or changed stay as they are.
+void frmAdd::loadCCodes() {
+    if (txt3CCodes.text() != loadedCodes_)
+        return;
+    loadedCodes_.clear();
+    platform::attempt([&] {
+        loadedCodes_ = formats::shownCodes(
+            formats::readCodes(disk_.readFile(releaseFolder_ + "\\ccodes.txt")));
+    });
+    if (!loadedCodes_.empty())
+        loadedCodes_.pop_back();
+    txt3CCodes.setText(loadedCodes_);
+}
+
+void frmAdd::cmd3Browse_Click() {
+    cdc.folder = txt2Where.text();
+    const auto file = toolkit_.askForFile({cdc.title, cdc.filter, cdc.folder});
+    if (!file)
+        return;
+    cdc.fileName = *file;
+    txt3ReadMe.setText(*file);
+}
+
+void frmAdd::cmd3next_Click() {
+    saveCCodes();
+    platform::attempt([&] { disk_.copyFile(txt3ReadMe.text(), releaseFolder_ + "\\readme.txt"); });
+    main_.game().questions().tell("The " + releases::displayForm(txt1Name.text()) + " " + shortType_ +
+               " has been added successfully!\r\n\r\nIt will be available next time you run "
+               "Vexillum");
+    closeWindow();
+}
+
+/// An empty box leaves codes that are there already. Passes over a failure.
+void frmAdd::saveCCodes() {
+    txt3CCodes.setText(trimmedBlanks(txt3CCodes.text()));
+    if (txt3CCodes.text().empty())
+        return;
+    platform::attempt([&] {
+        disk_.replaceFile(releaseFolder_ + "\\ccodes.txt", formats::codesText(txt3CCodes.text()));
+    });
+}
+
+} // namespace windows
+

@@ -1,0 +1,161 @@
+// The commands of buttons, links and menus. Those that change the data tree put the selection back
+// first and end in the question whether to restart, since folder names are read only at start.
+#include "cycle/clean.h"
+#include "platform/failure.h"
+#include "platform/text.h"
+#include "windows/frmAdd.h"
+#include "windows/frmFList.h"
+#include "windows/frmMain.h"
+#include "windows/frmTAM.h"
+#include "windows/title.h"
+
+namespace windows {
+
+void frmMain::lblRename_Click() {
+    if (!current_ || releases::isDefaultRelease(*current_))
+        return;
+    const auto oldName = *current_;
+    const auto newName = toolkit()
+                             .askForText({"Please Enter The New Name For The \"" + oldName + "\" " +
+                                              getLongSelType() + ":",
+                                          "Rename This " + getShortSelType(), oldName})
+                             .value_or("");
+    if (newName.empty() || newName == oldName)
+        return;
+    revertSels(true);
+    if (const auto reason = store_.rename(currentType().type, oldName, newName); !reason.empty())
+        return tell("The " + getLongSelType() + " could not be renamed.\r\n\r\n" + reason);
+    tell("\"" + releases::folderForm(oldName) + "\" has been successfully renamed to \"" +
+         releases::folderForm(newName) +
+         "\".\r\n\r\nThe new name will be visible next time you start Vexillum.");
+    RestartVXL(true);
+}
+
+void frmMain::cmdRemove_Click() {
+    if (!current_)
+        return;
+    if (releases::isDefaultRelease(*current_)) {
+        panes_.offersRemoval = false;
+        return show();
+    }
+    const auto name = *current_;
+    const auto longType = getLongSelType();
+    if (!ask_.askWhetherSure("Are you VERY VERY sure you want to remove the " + name + " " +
+                             longType + "?\r\n\r\nThis is an irreversible operation!"))
+        return;
+    whileWorking([&] {
+        revertSels(true);
+        store_.remove(currentType().type, name);
+    });
+    tell("The " + name + " " + longType +
+         " has been removed successfully.\r\n\r\nIt will dissapear as soon as you close Vexillum.");
+    RestartVXL(true);
+}
+
+void frmMain::cmdReadme_Click() {
+    std::string text;
+    try {
+        text = platform::withLineBreaks(game_.disk().readFile(panes_.readmePath));
+    } catch (const platform::Failure& failure) {
+        return tell("The readme \"" + platform::shownPath(panes_.readmePath) +
+                    "\" could not be read.\r\n\r\n" + failure.reason());
+    }
+    showReadme_.showText("Show Readme", "Author Readme for " + current_.value_or("") + ":", text);
+}
+
+void frmMain::cmdExplore_Click() {
+    if (current_)
+        openWithDesktop(store_.folderOf(currentType().type, *current_),
+                        platform::StartWindow::normal);
+}
+
+void frmMain::editFileOfRelease(const std::string& file) {
+    if (current_)
+        openWithDesktop(store_.folderOf(currentType().type, *current_) + "\\" + file,
+                        platform::StartWindow::maximized);
+}
+
+void frmMain::cmdHelp_Click() {
+    openWithDesktop(game_.inDataTree("VXL-Help\\Index.html"), platform::StartWindow::minimized);
+}
+
+void frmMain::openWithDesktop(const std::string& path, platform::StartWindow window) {
+    try {
+        machine_.programs.start({platform::Command::Kind::open, path, "", window});
+    } catch (const platform::Failure& failure) {
+        tell("\"" + platform::shownPath(path) + "\" could not be opened.\r\n\r\n" +
+             failure.reason());
+    }
+}
+
+void frmMain::mnuHAboutVXL_Click() {
+    std::string text = std::string(applicationTitle) + "\r\n\r\n";
+    const auto file = game_.inDataTree("VXL-Misc\\AboutVXL.txt");
+    if (!platform::attempt(
+            [&] { text += platform::withLineBreaks(game_.disk().readFile(file)); }))
+        text += "*****  About File Not Found!  *****\r\n";
+    showReadme_.showText("About", "About Vexillum", text);
+}
+
+void frmMain::cmdAdd_Click() {
+    revertSels(true);
+    {
+        frmAdd wizard(*this, getShortSelType());
+        toolkit().showModal(wizard);
+    }
+    RestartVXL(true);
+}
+
+void frmMain::mnuUconverter_Click() {
+    tell("Please note that TAM Releases are not supported, and likely will NOT work unless you "
+         "manually create a monolithic totala1.hpi file.  Also, any TAM-format release that "
+         "includes a soft mutator will not work at all.");
+    frmTAM wizard(*this);
+    wizard.Form_Load();
+    toolkit().showModal(wizard);
+}
+
+void frmMain::cmdClean_Click() {
+    if (!ask_.askWhetherSure("This will move ALL non-CD/non-VXL files from your TA Directory into a "
+                             "CleanedFiles subdirectory.\r\n\r\nAre you sure you want to do this?"))
+        return;
+    whileWorking([this] {
+        revertSels(false);
+        cycle::cleanGameDirectory(game_, machine_.programName);
+    });
+}
+
+void frmMain::mnuUfilelister_Click() {
+    frmFList lister(*this);
+    whileWorking([&] { lister.Form_Load(); });
+    toolkit().showModal(lister);
+}
+
+/// The working panel stands over the main window until the work is done or has failed.
+void frmMain::whileWorking(const std::function<void()>& work) {
+    showWorking();
+    try {
+        work();
+    } catch (...) {
+        hideWorking();
+        throw;
+    }
+    hideWorking();
+}
+
+void frmMain::showWorking() {
+    setEnabled(false);
+    working_ = std::make_unique<frmWorking>(toolkit());
+    toolkit().load(*working_);
+    toolkit().show(*working_);
+    toolkit().doEvents();
+}
+
+void frmMain::hideWorking() {
+    toolkit().doEvents();
+    toolkit().hide(*working_);
+    working_.reset();
+    setEnabled(true);
+}
+
+} // namespace windows

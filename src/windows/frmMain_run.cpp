@@ -1,0 +1,173 @@
+// The way in and out: start and reset, close, launch, restart.
+#include "conflict/modConflict.h"
+#include "cycle/apply.h"
+#include "cycle/reset.h"
+#include "cycle/selection_files.h"
+#include "menumod/modTrlx.h"
+#include "platform/failure.h"
+#include "windows/frmMain.h"
+#include "windows/title.h"
+
+namespace windows {
+namespace {
+
+constexpr auto fallbackDirectory = "P:\\Ostler\\virginTA";
+constexpr auto scanSwitch = "--WIDCF";
+
+} // namespace
+
+/// Commands rest until the game directory is plain and the catalogue stands: a launch out of the
+/// middle of the start would take what is still to be reset for the game's own.
+void frmMain::Form_Load() {
+    setResting(true);
+    setText(applicationTitle);
+    platform::attempt([this] { toolkit().show(*this); });
+    log_.breathe();
+    platform::attempt([this] { Init(); });
+    platform::attempt([this] { tspMain_Click(); });
+    platform::attempt([this] {
+        for (const auto* type : releases::typesByTab())
+            counts_.push_back(store_.countOf(type->type));
+        show();
+    });
+    setResting(false);
+}
+
+/// Lets every failure up to the reset pass: then nothing is reset, and the game directory stays as
+/// it is.
+void frmMain::Init() {
+    for (const auto& folder : {machine_.programFolder, std::string(fallbackDirectory)}) {
+        game_.open(folder);
+        if (game_.DoesFolderExist(game_.at(releases::dataTree)))
+            break;
+    }
+    if (!game_.DoesFolderExist(game_.at(releases::dataTree))) {
+        tell("The Vexillum Data Files seem to be missing.\r\n\r\nPlease reinstall VXL.");
+        endProgram();
+    }
+    widcfRun = machine_.commandLine == scanSwitch;
+    if (widcfRun) {
+        mnuFCweapon_Click();
+        startProgram("Vexillum.exe");
+        endProgram();
+    }
+    store_.read();
+    cycle::readSels(game_, selection_);
+    selectionWasRead_ = true;
+    show();
+    resetGameDirectory();
+}
+
+void frmMain::resetGameDirectory() {
+    const auto journal = cycle::lastJournal(game_);
+    if (!journal)
+        return;
+    log_.open("Resetting TA Directory...", "Undoing all changes...", LogWindow::Shows::atOnce);
+    cycle::undo(game_, *journal, selection_.modifier.enabled);
+    showLogForASecond();
+    platform::attempt([this] { cycle::killSels(game_); });
+    log_.close();
+}
+
+void frmMain::moveFiles() {
+    setResting(true);
+    const auto plan = cycle::makePlan(game_, selection_);
+    log_.open("Rearranging TA Directory...", "Updating for chosen settings...",
+              LogWindow::Shows::withText);
+    std::string problem;
+    const auto modifier = [&] {
+        menumod::modTrlx trellis(game_, {selection_.modifier.compress, selection_.modifier.small});
+        // Where a stage fails the setting stays, so that the next reset removes what was made.
+        platform::attempt([&] { selection_.modifier.enabled = trellis.enableTrlx(); });
+        if (const auto& unit = trellis.unitLeadingOut())
+            problem = "The download file of the unit \"" + *unit +
+                      "\" could not be opened, because its name leads out of the folder.";
+    };
+    cycle::carryOut(game_, plan,
+                    selection_.modifier.enabled ? std::function<void()>(modifier) : nullptr);
+    show();
+    showLogForASecond();
+    if (!problem.empty())
+        tell(problem);
+    setResting(false);
+}
+
+/// The log stands for a second, or until the user closes it.
+void frmMain::showLogForASecond() {
+    tmrSleep.setInterval(1000);
+    tmrSleep.setEnabled(true);
+    while (tmrSleep.enabled() && showReadme_.visible()) {
+        toolkit().waitForTimer();
+        log_.breathe();
+    }
+    tmrSleep.setEnabled(false);
+}
+
+void frmMain::tmrSleep_Timer() {
+    tmrSleep.setEnabled(false);
+}
+
+void frmMain::Form_Unload() {
+    moveFiles();
+    saveSelsOrTell();
+    endProgram();
+}
+
+void frmMain::cmdGo_Click() {
+    moveFiles();
+    startProgram("totala.exe");
+    saveSelsOrTell();
+    endProgram();
+}
+
+/// The weapon report needs the selection in place: it is applied, a copy of the program with the
+/// switch shows the report before any reset, and starts the plain program behind it.
+void frmMain::mnuFCweapon_Click() {
+    if (!widcfRun) {
+        moveFiles();
+        saveSelsOrTell();
+        startProgram("Vexillum.exe", scanSwitch);
+        endProgram();
+    }
+    showWorking();
+    const auto report = conflict::modConflict(game_).scanWeaponIDs();
+    showReadme_.showText("Weapon IDs", "List of Weapon IDs and their assignments", report);
+    hideWorking();
+}
+
+void frmMain::RestartVXL(bool askUser) {
+    if (askUser && !ask_.askYesNo("It is suggested that you close and then restart Vexillum now."
+                                  "\r\n\r\nWould you like to do so?"))
+        return;
+    revertSels(true);
+    saveSelsOrTell();
+    startProgram("Vexillum.exe");
+    endProgram();
+}
+
+void frmMain::saveSels() {
+    cycle::saveSels(game_, selection_);
+}
+
+void frmMain::saveSelsOrTell() {
+    try {
+        saveSels();
+    } catch (const platform::Failure& failure) {
+        tell(std::string("The selection could not be saved.\r\n\r\n") + failure.what());
+    }
+}
+
+void frmMain::startProgram(const std::string& name, const std::string& arguments) {
+    try {
+        machine_.programs.start({platform::Command::Kind::program, game_.at(name), arguments,
+                                 platform::StartWindow::normal});
+    } catch (const platform::Failure& failure) {
+        tell("The program \"" + name + "\" could not be started.\r\n\r\n" + failure.what());
+    }
+}
+
+void frmMain::endProgram() {
+    throw platform::ProgramEnd();
+}
+
+} // namespace windows

@@ -1,0 +1,210 @@
+// The main window: its controls, its event procedures, and one place that shows what the selection
+// and the release at hand make of them. What is chosen, stored, planned and moved is the work of the
+// rooms below.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cycle/plan.h"
+#include "cycle/selection.h"
+#include "releases/game_directory.h"
+#include "releases/release_types.h"
+#include "releases/store.h"
+#include "windows/ask_user.h"
+#include "windows/controls.h"
+#include "windows/frmShowReadme.h"
+#include "windows/frmWorking.h"
+#include "windows/lists.h"
+#include "windows/log_window.h"
+#include "windows/machine.h"
+
+namespace windows {
+
+class frmMain : public Window {
+  public:
+    explicit frmMain(Machine machine);
+    ~frmMain() override;
+    frmMain(const frmMain&) = delete;
+    frmMain& operator=(const frmMain&) = delete;
+
+    /// Runs the program from its first window to its end.
+    void run();
+
+    // The stretches of a run, one by one. They let ProgramEnd pass.
+    void Init();
+    void moveFiles();
+    void saveSels();
+    void RestartVXL(bool askUser);
+
+    // What the other windows use.
+    std::string getShortSelType() const;
+    void showWorking();
+    void hideWorking();
+    bool isWorkingShown() const { return working_ != nullptr; }
+    releases::GameDirectory& game() { return game_; }
+    const Machine& machine() const { return machine_; }
+
+    static constexpr auto oneLine = TextBox::Kind::readOnlyLine;
+    static constexpr auto manyLines = TextBox::Kind::readOnlyLines;
+    static constexpr auto disabled = MenuItem::Start::disabled;
+
+    TabStrip tspMain;
+    Label lblList{*this, "lblList", "Avaliable Total Conversions:"};
+    MarkList lstList{*this, "lstList"};
+    Label lblRename{*this, "lblRename", "(Rename Selected XXX)"};
+    Label lblAbout{*this, "lblAbout", "Information:"};
+    Label lblEditAbout{*this, "lblEditAbout", "(Edit About Text)"};
+    TextBox txtAbout{*this, "txtAbout", manyLines};
+    Button cmdReadme{*this, "cmdReadme", "Author Readme"};
+    Button cmdExplore{*this, "cmdExplore", "View This TC's Files"};
+    Label lblCCodes{*this, "lblCCodes", "Compatibility Codes:"};
+    Label lblEditCCodes{*this, "lblEditCCodes", "(Edit CCodes)"};
+    TextBox txtCCodes{*this, "txtCCodes", oneLine};
+    Button cmdAdd{*this, "cmdAdd", "Add New TC"};
+    Button cmdHelp{*this, "cmdHelp", "Help with TCs"};
+    Button cmdRemove{*this, "cmdRemove", "Remove This TC"};
+    Frame fraCurrSetup{*this, "fraCurrSetup", "Current Setup:"};
+    Button cmdRevert{*this, "cmdRevert", "Revert to Cavedog Settings"};
+    Button cmdClean{*this, "cmdClean", "Clean TA Directory"};
+    Button cmdGo{*this, "cmdGo", "Launch"};
+    Timer tmrSleep{*this, "tmrSleep", 0};
+
+    /// What is chosen of a type, in words: a label and the box beside it.
+    struct Summary {
+        const releases::TypeInfo& type;
+        Label label;
+        TextBox box;
+    };
+    /// In the order of the tabs.
+    const std::vector<std::unique_ptr<Summary>>& summaries() const { return summaries_; }
+
+    Menu mnuMain{*this, "mnuMain", "&Main"};
+    MenuItem mnuFLaunch{*this, mnuMain, "mnuFLaunch", "&Launch TA", "Ctrl+G"};
+    MenuItem mnuFRevert{*this, mnuMain, "mnuFRevert", "&Revert", "Ctrl+R"};
+    MenuItem mnuFExitVXL{*this, mnuMain, "mnuFExitVXL", "&Exit VXL", "Ctrl+Q"};
+    Menu mnuUtilities{*this, "mnuUtilities", "&Utilities"};
+    MenuItem mnuUfilelister{*this, mnuUtilities, "mnuUfilelister", "&File Lister", "Ctrl+F"};
+    MenuItem mnuUconverter{*this, mnuUtilities, "mnuUconverter", "&Add TAM Release", "Ctrl+N"};
+    Menu mnuMenuModifier{*this, "mnuMenuModifier", "&Menu Modifier"};
+    MenuItem mnuMMenable{*this, mnuMenuModifier, "mnuMMenable", "&Use Trellis", "Ctrl+M"};
+    MenuItem mnuMMsettings{
+        *this, mnuMenuModifier, "mnuMMsettings", " (Requires 1024x768 Res. Minimum)", "", disabled};
+    MenuItem mnuMMsmall{
+        *this, mnuMenuModifier, "mnuMMsmall", "&Small Version (800x600 Res. Min.)", "", disabled};
+    MenuItem mnuMMcompress{*this, mnuMenuModifier, "mnuMMcompress", "&Compress Menus",
+                           "",    disabled};
+    Menu mnuSettings{*this, "mnuSettings", "&Conflict Finder"};
+    MenuItem mnuFCweapon{*this, mnuSettings, "mnuFCweapon", "&Weapon ID Conflicts...", "Ctrl+W"};
+    MenuItem mnuFCunit{*this,    mnuSettings, "mnuFCunit", "&Unit ID Conflicts...",
+                       "Ctrl+U", disabled};
+    MenuItem mnuFCbuild{*this,    mnuSettings, "mnuFCbuild", "&Build Menu Conflicts...",
+                        "Ctrl+B", disabled};
+    Menu mnuHelp{*this, "mnuHelp", "&Help"};
+    MenuItem mnuHVXLHelp{*this, mnuHelp, "mnuHVXLHelp", "&Help", "F1"};
+    MenuItem mnuHAboutVXL{*this, mnuHelp, "mnuHAboutVXL", "&About", "Ctrl+A"};
+
+  private:
+    /// What the right side shows of a release, or of a type before one was picked. It stays until
+    /// something else is shown.
+    struct Panes {
+        std::string heading = "Information:";
+        std::string about;
+        std::string codes;
+        std::string readmeCaption = "Author Readme";
+        bool hasReadme = false;
+        std::string readmePath; ///< of the last release that had one
+        bool offersFiles = true;
+        bool offersRemoval = true;
+    };
+
+    void wire();
+    void makeSummaries();
+
+    // frmMain_run.cpp: the way in and out
+    void Form_Load();
+    void Form_Unload();
+    void resetGameDirectory();
+    void tmrSleep_Timer();
+    void showLogForASecond();
+    void cmdGo_Click();
+    void mnuFCweapon_Click();
+    void saveSelsOrTell();
+    void startProgram(const std::string& name, const std::string& arguments = {});
+    [[noreturn]] static void endProgram();
+
+    // frmMain_list.cpp: tabs and the list
+    void tspMain_Click();
+    void lstList_Click(const std::string& name);
+    void doList();
+    void dropMissingNames();
+    void pickListItem(const std::optional<std::string>& name);
+    void choose(const std::string& name);
+    void revertSels(bool refreshList);
+    void cmdRevert_Click();
+    const releases::TypeInfo& currentType() const;
+    std::string getLongSelType() const;
+    bool isListed(std::string_view name) const;
+
+    // frmMain_info.cpp: the release at hand
+    enum class Fits { yes, no };
+    Fits showInfo(const std::string& name);
+
+    // frmMain_show.cpp: state becomes controls
+    /// The list on the screen may stay as it is until the next change.
+    enum class List { follows, stays };
+    void show(List list = List::follows);
+    void showList();
+    void showBadges();
+    int marksOf(const releases::TypeInfo& type) const;
+    std::string summaryOf(const releases::TypeInfo& type) const;
+
+    // frmMain_commands.cpp
+    void lblRename_Click();
+    void cmdRemove_Click();
+    void cmdReadme_Click();
+    void cmdExplore_Click();
+    void cmdHelp_Click();
+    void editFileOfRelease(const std::string& file);
+    void mnuHAboutVXL_Click();
+    void openWithDesktop(const std::string& path, platform::StartWindow window);
+    void cmdAdd_Click();
+    void mnuUconverter_Click();
+    void cmdClean_Click();
+    void mnuUfilelister_Click();
+    void whileWorking(const std::function<void()>& work);
+
+    Toolkit& toolkit() { return machine_.toolkit; }
+    void tell(const std::string& text) { ask_.tell(text); }
+
+    Machine machine_;
+    frmShowReadme showReadme_;
+    LogWindow log_;
+    AskUser ask_;
+    releases::GameDirectory game_;
+    releases::Store store_;
+    std::vector<std::unique_ptr<Summary>> summaries_;
+    std::unique_ptr<frmWorking> working_;
+
+    bool widcfRun = false;
+    cycle::Selection selection_;
+    /// The names of the current tab's releases, in the order of the list.
+    std::vector<std::string> listed_;
+    /// The release at hand, of the current tab: its texts are shown, and commands act on it.
+    std::optional<std::string> current_;
+    Panes panes_;
+    std::vector<std::string> tcCCodes;
+    /// The total conversion that the launch button names, in the form of its folder.
+    std::string launched_;
+    /// Of each tab: how many releases there are, and whether its summary follows the list by now.
+    std::vector<int> counts_;
+    std::vector<bool> opened_;
+    bool selectionWasRead_ = false;
+    bool listWasFilled_ = false;
+};
+
+} // namespace windows

@@ -1,0 +1,40 @@
+// The one text window: readmes, reports and, beside running work, the log.
+#pragma once
+
+#include <string>
+
+#include "windows/controls.h"
+#include "windows/toolkit.h"
+
+namespace windows {
+
+class frmShowReadme : public Window {
+  public:
+    explicit frmShowReadme(Toolkit& toolkit);
+    ~frmShowReadme() override;
+    frmShowReadme(const frmShowReadme&) = delete;
+    frmShowReadme& operator=(const frmShowReadme&) = delete;
+
+    Label lblWhat{*this, "lblWhat"};
+    TextBox txtReadme{*this, "txtReadme", TextBox::Kind::readOnlyLines};
+    Button cmdDone{*this, "cmdDone", "Close"};
+
+    /// Noted where the user closes the window beside running work.
+    Wish closing;
+
+    void Form_Load();
+    void Form_Unload();
+    void cmdDone_Click();
+
+    /// Shows a text and waits until the user has closed it.
+    void showText(const std::string& caption, const std::string& heading, const std::string& text);
+
+    /// The window as log of running work. Every line is scrolled to.
+    void setLogText(const std::string& text);
+    void appendLogLine(const std::string& line);
+
+  private:
+    Toolkit& toolkit_;
+};
+
+} // namespace windows

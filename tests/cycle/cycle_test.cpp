@@ -1,0 +1,252 @@
+// The promise of the cycle: whatever is chosen and answered, and wherever the power goes, no file
+// is lost or changed and the next start makes the game directory plain.
+#include <algorithm>
+#include <random>
+#include <set>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/text.h"
+#include "support/faulty_disk.h"
+#include "support/play.h"
+
+namespace {
+
+using test::Game;
+
+/// A game directory, releases, a selection and answers, all by chance.
+class RandomGame {
+  public:
+    /// `alike` allows names that differ in case alone in one folder of the game.
+    explicit RandomGame(unsigned seed, bool alike = true) : random_(seed) {
+        alike_ = alike;
+        fill("", 6, 2);
+        alike_ = true;
+        for (const auto& [type, tab] : tabs) {
+            const int releases = upTo(4);
+            for (int i = 0; i < releases; ++i)
+                addRelease(type, tab);
+            if (type == "Map" || type == "Unit")
+                for (int i = upTo(3); i > 0; --i) {
+                    const auto name = pick(files);
+                    put("Vexillum/" + type + "-Misc/" + name);
+                    if (!platform::endsWithIgnoringCase(name, ".txt") && !name.starts_with('.'))
+                        choices_.insert({tab, name});
+                }
+        }
+    }
+
+    std::string script() {
+        std::string text;
+        for (const auto& [tab, name] : choices_)
+            if (upTo(4) > 0)
+                text += "tab " + tab + "\nmark " + platform::toUtf8(name) + "\n";
+        for (int i = 0; i < 200; ++i)
+            text += upTo(2) > 0 ? "answer Yes\n" : "answer No\n";
+        return text + (upTo(1) > 0 ? "click cmdGo\n" : "close\n");
+    }
+
+    const Game& game() const { return game_; }
+    const std::vector<std::string>& releases() const { return releases_; }
+    int upTo(int most) { return std::uniform_int_distribution(0, most)(random_); }
+
+  private:
+    static inline const std::vector<std::pair<std::string, std::string>> tabs = {
+        {"TC", "Total Conversions"},
+        {"AI", "AIs"},
+        {"Race", "Races"},
+        {"Mod", "Mods"},
+        {"Map", "Maps"},
+        {"Unit", "Units"}};
+    static inline const std::vector<std::string> names = {"Alpha", "Beta~Two", "gamma",
+                                                          "Über",  "D.E",      " blank"};
+    static inline const std::vector<std::string> folders = {
+        "maps", "MAPS", "units", "Units", "ai", "MOVES", "guis", "é", "É", "Vexillum", "a.ufo"};
+    static inline const std::vector<std::string> files = {
+        "a.ufo",   "A.UFO",    "b.ccx",   "readme.txt", "ReadMe.TXT", "totala.exe", "TOTALA.EXE",
+        "mod.exe", "maps",     "é.tdf",   "É.tdf",      " x ",        "MKDIRS",     "Vexillum.exe",
+        "x.y.hpi", "\xFF.ufo", ".hidden", "units",      "a;b.tdf",    "c'd\"e.ota"};
+
+    const std::string& pick(const std::vector<std::string>& from) {
+        return from[static_cast<std::size_t>(upTo(static_cast<int>(from.size()) - 1))];
+    }
+
+    void put(const std::string& path) {
+        if (!game_.has(path))
+            game_.put(path, "file " + std::to_string(++content_));
+    }
+
+    bool isFree(const std::string& folder, const std::string& name) const {
+        if (alike_)
+            return !game_.has(folder + name);
+        const auto entries = std::filesystem::directory_iterator(game_.at(folder));
+        return std::none_of(begin(entries), end(entries), [&name](const auto& entry) {
+            return platform::equalIgnoringCase(entry.path().filename().string(), name);
+        });
+    }
+
+    void fill(const std::string& folder, int most, int depth) {
+        for (int i = upTo(most); i > 0; --i)
+            if (const auto name = pick(files); isFree(folder, name))
+                put(folder + name);
+        for (int i = depth > 0 ? upTo(3) : 0; i > 0; --i) {
+            const auto name = pick(folders);
+            if (!isFree(folder, name))
+                continue;
+            const auto sub = folder + name;
+            game_.makeFolder(sub);
+            fill(sub + "/", most, depth - 1);
+        }
+    }
+
+    void addRelease(const std::string& type, const std::string& tab) {
+        const auto name = pick(names);
+        const auto folder = "Vexillum/" + type + "-" + name;
+        game_.makeFolder(folder);
+        releases_.push_back(folder);
+        fill(folder + "/", 4, 2);
+        choices_.insert({tab, platform::replaceAll(name, "~", "/")});
+    }
+
+    std::mt19937 random_;
+    Game game_;
+    int content_ = 0;
+    bool alike_ = true;
+    std::vector<std::string> releases_;
+    std::set<std::pair<std::string, std::string>> choices_;
+};
+
+std::vector<std::string> contents(const test::Tree& files) {
+    std::vector<std::string> all;
+    for (const auto& [path, content] : files)
+        all.push_back(content);
+    std::sort(all.begin(), all.end());
+    return all;
+}
+
+/// What may differ in the folders of a plain game directory behind a cycle.
+void expectSameFolders(const std::vector<std::string>& before,
+                       const std::vector<std::string>& after) {
+    for (const auto& folder : after)
+        if (!std::binary_search(before.begin(), before.end(), folder)) {
+            EXPECT_THAT(folder, testing::StartsWith("Vexillum/TC-Cavedog TA/"));
+        }
+    for (const auto& folder : before)
+        if (!std::binary_search(after.begin(), after.end(), folder)) {
+            EXPECT_EQ(folder.find('/'), std::string::npos)
+                << folder << " went, but was no empty one";
+        }
+}
+
+TEST(Cycle, holds_in_300_random_game_directories) {
+    for (unsigned seed = 1; seed <= 300; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        const bool alike = seed % 2 == 0;
+        RandomGame random(seed, alike);
+        const auto& game = random.game();
+        const auto files = game.files();
+        const auto folders = game.folders();
+        const auto applied = test::play(game, random.script());
+        ASSERT_TRUE(applied.endedItself) << applied.badLine.value_or("no bad line");
+        EXPECT_EQ(contents(game.files()), contents(files));
+        test::play(game, "");
+        ASSERT_EQ(test::differences(files, game.files()), "");
+        expectSameFolders(folders, game.folders());
+        // What is undone once more changes nothing, also where a release is gone by then.
+        if (!alike && !random.releases().empty())
+            game.remove(random.releases().front());
+        const auto without = game.files();
+        test::play(game, "");
+        ASSERT_EQ(test::differences(without, game.files()), "");
+    }
+}
+
+TEST(Cycle, comes_back_plain_wherever_the_power_goes) {
+    RandomGame random(7);
+    const auto& game = random.game();
+    const auto script = random.script();
+    const auto files = game.files();
+    const auto disk = platform::makeDisk();
+    bool ended = false;
+    int cut = 1;
+    for (; !ended; ++cut) {
+        SCOPED_TRACE("before change " + std::to_string(cut));
+        test::FaultyDisk faulty(*disk, [cut](int number, const auto&) {
+            if (number == cut)
+                throw test::PowerCut();
+        });
+        try {
+            ended = test::play(game, script, {"", &faulty}).endedItself;
+        } catch (const test::PowerCut&) {
+            EXPECT_EQ(contents(game.files()), contents(files));
+        }
+        test::play(game, "");
+        ASSERT_EQ(test::differences(files, game.files()), "");
+    }
+    EXPECT_GT(cut, 25);
+}
+
+TEST(Cycle, loses_nothing_where_every_change_of_the_disk_fails_by_chance) {
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        RandomGame random(seed);
+        const auto& game = random.game();
+        const auto files = game.files();
+        const auto disk = platform::makeDisk();
+        test::FaultyDisk faulty(*disk, [&random](int /*number*/, const std::string& path) {
+            if (random.upTo(2) == 0)
+                throw platform::Failure("change", path, "the disk is full");
+        });
+        EXPECT_TRUE(test::play(game, random.script(), {"", &faulty}).endedItself);
+        EXPECT_EQ(contents(game.files()), contents(files));
+    }
+}
+
+TEST(Cycle, a_folder_that_takes_no_files_brings_messages_and_loses_nothing) {
+    const Game game;
+    game.put("Vexillum/Mod-New/units/a.fbi", "new");
+    game.put("Vexillum/Mod-New/b.ufo", "new b");
+    game.put("units", "a file where a folder is expected");
+    const auto files = game.files();
+    const auto applied = test::play(game, "tab Mods\nmark New\nclick cmdGo\n");
+    EXPECT_TRUE(applied.endedItself);
+    EXPECT_EQ(game.content("b.ufo"), "new b");
+    EXPECT_EQ(contents(game.files()), contents(files));
+    test::play(game, "");
+    EXPECT_EQ(test::differences(files, game.files()), "");
+}
+
+TEST(Cycle, selection_files_of_any_bytes_do_no_harm) {
+    const Game game;
+    game.put("Vexillum/Map-New/a.ufo", "new");
+    std::mt19937 random(5);
+    std::string bytes;
+    for (int i = 0; i < 4000; ++i)
+        bytes += static_cast<char>(random() & 0xFFU);
+    for (const auto* name : {"TC", "AI", "Races", "Mods", "Maps", "Units", "Trlx"})
+        game.put(std::string("Vexillum/VXL-Sel/sel") + name + ".txt",
+                 bytes + "\r\n..\\..\\x\r\nNew");
+    const auto files = game.files();
+    EXPECT_TRUE(test::play(game, "tab Races\ntab Mods\nclose\n").endedItself);
+    test::play(game, "");
+    EXPECT_EQ(test::differences(files, game.files()), "");
+}
+
+TEST(Cycle, a_plan_may_hold_more_than_16_bits_of_files) {
+    const Game game;
+    for (int i = 0; i < 40'000; ++i)
+        game.put("Vexillum/Mod-Big/" + std::to_string(i / 1000) + "/" + std::to_string(i));
+    EXPECT_TRUE(test::play(game, "tab Mods\nmark Big\nclose\n").endedItself);
+    EXPECT_TRUE(game.has("39/39999"));
+    EXPECT_FALSE(game.has("Vexillum/Mod-Big/39/39999"));
+    const auto reset = test::play(game, "");
+    EXPECT_TRUE(fieldOf(reset, "message", "text").empty());
+    EXPECT_TRUE(game.has("Vexillum/Mod-Big/39/39999"));
+    EXPECT_FALSE(game.has("39"));
+}
+
+} // namespace

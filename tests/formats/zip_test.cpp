@@ -1,0 +1,60 @@
+// Zip archives that lie about themselves.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "formats/zip.h"
+#include "platform/failure.h"
+#include "support/zip_writer.h"
+
+namespace formats {
+namespace {
+
+std::span<const std::uint8_t> asBytes(const std::string& text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+constexpr auto stored = "zip:compression=store";
+
+/// Sets a 32-bit field of the first entry, where it stands in the entry's own head and where it
+/// stands in the directory at the end.
+std::string withField(std::string bytes, std::size_t inHead, std::size_t inDirectory,
+                      std::uint32_t value) {
+    const auto put = [&](std::size_t at) {
+        for (int i = 0; i < 4; ++i)
+            bytes[at + static_cast<std::size_t>(i)] = static_cast<char>(value >> (8 * i));
+    };
+    put(bytes.find("PK\3\4") + inHead);
+    put(bytes.find("PK\1\2") + inDirectory);
+    return bytes;
+}
+
+std::string contentOfFirst(const std::string& bytes) {
+    ZipReader reader(asBytes(bytes));
+    std::string content;
+    EXPECT_TRUE(reader.next());
+    reader.extract([&](std::string_view piece) { content += piece; });
+    return content;
+}
+
+TEST(ZipReader, an_entry_is_as_long_as_it_says_or_is_refused) {
+    const std::string content(1000, 'a');
+    for (const auto* packing : {stored, "zip:compression=deflate"}) {
+        const auto honest = test::packZip({{"a", content}}, packing);
+        EXPECT_EQ(contentOfFirst(honest), content) << packing;
+        EXPECT_THROW(contentOfFirst(withField(honest, 18, 20, 0)), platform::Failure)
+            << packing << ": packed in 0 bytes";
+        EXPECT_THROW(contentOfFirst(withField(honest, 22, 24, 999)), platform::Failure)
+            << packing << ": shorter than it is";
+        EXPECT_THROW(contentOfFirst(withField(honest, 22, 24, 1001)), platform::Failure)
+            << packing << ": longer than it is";
+    }
+    EXPECT_EQ(contentOfFirst(test::packZip({{"a", ""}})), "");
+}
+
+TEST(ZipReader, what_is_no_archive_is_refused) {
+    for (const auto* bytes : {"", "nothing of the kind", "PK"})
+        EXPECT_THROW(ZipReader(asBytes(bytes)).next(), platform::Failure) << bytes;
+}
+
+} // namespace
+} // namespace formats
