@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "platform/relative_path.h"
+
 namespace platform {
 
 bool isDrive(std::string_view part) {
@@ -41,9 +43,7 @@ bool isPlainPathBelow(std::string_view path, std::string_view gameDirectory) {
     if (!isBelow(path, gameDirectory))
         return false;
     path.remove_prefix(std::min(gameDirectory.size() + 1, path.size()));
-    const auto parts = splitPath(path);
-    const bool isAbsolute = path.starts_with('\\') || (parts.size() > 1 && isDrive(parts[0]));
-    return !parts.empty() && !isAbsolute && std::none_of(parts.begin(), parts.end(), leadsAway);
+    return RelativePath::accepts(path, PathRules::own());
 }
 
 } // namespace platform

@@ -7,9 +7,17 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace platform {
+
+class Folder;
+class FolderCache;
+class RawDisk;
+class RawFile;
+struct RawEntry;
+struct Spot;
 
 /// Takes a file's content piece by piece, in order.
 using PieceSink = std::function<void(std::string_view piece)>;
@@ -27,94 +35,149 @@ class FileView {
     virtual std::span<const std::uint8_t> bytes() const = 0;
 };
 
+/// An open file, read from its start on. The disk it came from must outlive it. Calls throw
+/// Failure.
+class FileReader {
+  public:
+    FileReader() = default;
+    virtual ~FileReader() = default;
+    FileReader(const FileReader&) = delete;
+    FileReader& operator=(const FileReader&) = delete;
+
+    /// Bytes, as they were when the file was opened.
+    virtual std::uint64_t size() const = 0;
+    /// How many bytes were read: none only at the end of the file.
+    virtual std::size_t read(std::span<std::uint8_t> into) = 0;
+    /// Where the next read begins, in bytes from the start. Beyond the end there is nothing.
+    virtual void seek(std::uint64_t offset) = 0;
+};
+
 enum class EntryKind { none, file, folder };
 
-/// The machine's disk under the program's own kind of path: bytes, parts set off by backslashes,
-/// case ignored on every system. An entry is found whatever its case; a new one takes the spelling
-/// given, while folders on the way to it keep the spelling they have.
+/// A disk under the program's own kind of path: bytes, parts set off by backslashes, case ignored
+/// on every system. An entry is found whatever its case; a new one takes the spelling given, while
+/// folders on the way to it keep the spelling they have.
 ///
 /// The game directory bounds all changes: a change of anything outside it fails, and so does every
-/// path below it with a part "..", ".", a drive or a separator of the system in it. Links are never
-/// followed below it: a link is a file like any other. Reading works outside too, where a path may
-/// have the system's own form.
+/// path below it that RelativePath refuses as one of the program's own. Links are never followed
+/// below it: a link is a file like any other. Reading works outside too, where a path may have the
+/// system's own form.
 ///
 /// Every call throws Failure if it cannot do what it says, and then has changed nothing unless
-/// said.
+/// said: folders made on the way are gone again, and so are half files.
+///
+/// What others change in a folder is seen at once by its listings, and by all other calls a tenth
+/// of a second later; in a folder that the program itself is changing it may take until a pause.
 class Disk {
   public:
-    Disk() = default;
-    virtual ~Disk() = default;
+    explicit Disk(std::shared_ptr<RawDisk> raw);
+    virtual ~Disk();
     Disk(const Disk&) = delete;
     Disk& operator=(const Disk&) = delete;
 
+    const std::shared_ptr<RawDisk>& raw() const { return raw_; }
+
     /// Sets the game directory: a folder in the system's own form, without a separator at its end.
-    virtual void setGameDirectory(const std::string& folder) = 0;
+    void setGameDirectory(const std::string& folder);
+    const std::string& gameDirectory() const;
 
     /// Whether a path names an entry below the game directory in the form that journals have:
     /// not absolute once more, not below a drive, with no part that leads away.
-    virtual bool isInside(std::string_view path) const = 0;
+    bool isInside(std::string_view path) const;
 
     /// The path of an entry in the system's own form, in the spelling that the disk has.
-    virtual std::string systemPath(const std::string& path) = 0;
+    std::string systemPath(const std::string& path);
 
     /// Never throws: what cannot be looked at is not there.
-    virtual EntryKind kindOf(const std::string& path) = 0;
+    EntryKind kindOf(const std::string& path);
 
     /// Bare names, ascending, case ignored. Files leave out hidden and system files. Names that a
     /// path of the program cannot express (a backslash or a line end in them) are left out.
-    virtual std::vector<std::string> folderNames(const std::string& path) = 0;
-    virtual std::vector<std::string> fileNames(const std::string& path) = 0;
+    std::vector<std::string> folderNames(const std::string& path);
+    std::vector<std::string> fileNames(const std::string& path);
 
     /// Whether an entry below a folder is a link or lies behind one. Below the game directory that
     /// makes no difference, but a folder of the user's own is read through links.
-    virtual bool leadsThroughLink(const std::string& folder, const std::string& relative) = 0;
+    bool leadsThroughLink(const std::string& folder, const std::string& relative);
+
+    /// Bytes in a file.
+    std::uint64_t sizeOf(const std::string& path);
 
     /// Fails for a file too large to be a text.
-    virtual std::string readFile(const std::string& path) = 0;
+    std::string readFile(const std::string& path);
 
     /// Maps a file: only what is looked at is read.
-    virtual std::unique_ptr<FileView> mapFile(const std::string& path) = 0;
+    std::unique_ptr<FileView> mapFile(const std::string& path);
+
+    /// Opens a file to read pieces of it. It can be moved and replaced meanwhile.
+    std::unique_ptr<FileReader> openFile(const std::string& path);
 
     /// Writes a file out of pieces, in an existing folder. It takes the place of an older one only
     /// when `produce` has given out all of them; where that throws, nothing has changed.
-    virtual void writePieces(const std::string& path,
-                             const std::function<void(const PieceSink&)>& produce) = 0;
+    void writePieces(const std::string& path, const std::function<void(const PieceSink&)>& produce);
 
-    /// Writes a file anew or over what it held.
-    virtual void writeFile(const std::string& path, std::string_view bytes) = 0;
+    /// Writes a file anew or over what it held. A failure in the middle may leave an older file
+    /// cut; a new one is gone again.
+    void writeFile(const std::string& path, std::string_view bytes);
 
-    /// The same in such a way that a crash leaves the old or the new file, whole.
-    virtual void replaceFile(const std::string& path, std::string_view bytes) = 0;
+    /// The same in such a way that a crash or power cut leaves the old or the new file, whole. When
+    /// it returns, the new one is there to stay. In a folder that takes no new files the old file
+    /// is written over.
+    void replaceFile(const std::string& path, std::string_view bytes);
 
-    /// Moves a file or folder, across disks too, and makes missing folders on the way to `to`.
-    /// Nothing is ever replaced: false, with nothing changed, if the source is missing or anything
-    /// of the new name is there.
-    virtual bool moveEntry(const std::string& from, const std::string& to) = 0;
+    /// Moves a file, link or folder, across disks too, and makes missing folders on the way to
+    /// `to`. Nothing is ever replaced: false, with nothing changed, if the source is missing or
+    /// anything of the new name is there.
+    ///
+    /// Across disks the whole entry is copied beside its new place, permissions, times, links and
+    /// hard links included, and synced before it gets its name; only then the original goes.
+    bool moveEntry(const std::string& from, const std::string& to);
 
     /// Gives an entry another name in its folder, also one that differs in case alone. False, with
     /// nothing changed, if it is missing or another entry has that name.
-    virtual bool renameEntry(const std::string& path, const std::string& newName) = 0;
+    bool renameEntry(const std::string& path, const std::string& newName);
 
-    /// Copies a file, its time included. Replaces a file at `to`, makes missing folders.
+    /// Copies a file, its time included. Replaces a file at `to`, which a power cut leaves old or
+    /// new, whole; makes missing folders.
     /// `onProgress`, if there is one, runs now and then with the bytes copied since the last time.
-    virtual void copyFile(const std::string& from, const std::string& to,
-                          const CopyProgress& onProgress = {}) = 0;
+    void copyFile(const std::string& from, const std::string& to,
+                  const CopyProgress& onProgress = {});
 
     /// Removes a file, never a folder.
-    virtual void removeFile(const std::string& path) = 0;
+    void removeFile(const std::string& path);
 
     /// Makes one folder in an existing one. Fails if anything of that name is there.
-    virtual void makeFolder(const std::string& path) = 0;
+    void makeFolder(const std::string& path);
 
     /// Removes an empty folder, never a file.
-    virtual void removeFolder(const std::string& path) = 0;
+    void removeFolder(const std::string& path);
 
     /// Removes a folder with all that is in it, hidden or not. Links are removed, never followed. A
     /// failure may leave part of it.
-    virtual void removeTree(const std::string& path) = 0;
+    void removeTree(const std::string& path);
 
     /// Returns when all changes so far would survive a power cut.
-    virtual void flush() = 0;
+    void flush();
+
+  protected:
+    /// Called by each change with the path it is about, before anything is looked at or done. What
+    /// it throws keeps the change from happening.
+    virtual void aboutToChange(const std::string& path);
+
+  private:
+    struct Target;
+
+    std::vector<std::string> namesOf(const std::string& path, bool folders);
+    std::unique_ptr<RawFile> openToRead(const std::string& path, std::string_view call,
+                                        RawEntry& entry);
+    Target targetOf(const Spot& spot, const std::string& path);
+    void overwrite(const Target& target, const std::string& path, std::string_view bytes);
+    bool move(const Spot& source, const Spot& target, const std::string& to);
+    void remove(const std::string& path,
+                const std::function<std::error_code(Folder&, const std::string&)>& step);
+
+    std::shared_ptr<RawDisk> raw_;
+    std::unique_ptr<FolderCache> folders_;
 };
 
 /// The disk of this machine.

@@ -1,0 +1,130 @@
+// What is where: the game directory, names, kinds and listings.
+#include "platform/disk.h"
+
+#include <algorithm>
+
+#include "check.h"
+#include "folder_cache.h"
+#include "platform/paths.h"
+#include "platform/raw_disk.h"
+#include "platform/text.h"
+#include "system_path.h"
+
+namespace platform {
+namespace {
+
+bool isExpressible(std::string_view name) {
+    return name.find_first_of("\\\r\n") == std::string_view::npos;
+}
+
+EntryKind kindOfEntry(const RawEntry& entry) {
+    return entry.kind == RawKind::folder ? EntryKind::folder : EntryKind::file;
+}
+
+} // namespace
+
+Disk::Disk(std::shared_ptr<RawDisk> raw)
+    : raw_(std::move(raw)), folders_(std::make_unique<FolderCache>(*raw_)) {}
+
+Disk::~Disk() = default;
+
+void Disk::aboutToChange(const std::string& /*path*/) {}
+
+void Disk::setGameDirectory(const std::string& folder) {
+    folders_->setGameDirectory(folder);
+}
+
+const std::string& Disk::gameDirectory() const {
+    return folders_->gameDirectory();
+}
+
+bool Disk::isInside(std::string_view path) const {
+    return isPlainPathBelow(path, gameDirectory());
+}
+
+std::string Disk::systemPath(const std::string& path) {
+    folders_->beginCall();
+    const auto place = folders_->placeOf(path);
+    std::string result = place.base;
+    auto folder = folders_->tryOpen(place, 0);
+    for (std::size_t i = 0; i < place.parts.size(); ++i) {
+        const auto known = folder ? folder->spelling(place.parts[i]) : std::nullopt;
+        if (!result.ends_with(systemSeparator))
+            result += systemSeparator;
+        result += known.value_or(place.parts[i]);
+        folder = folder ? folders_->tryOpen(place, i + 1) : nullptr;
+    }
+    return result;
+}
+
+EntryKind Disk::kindOf(const std::string& path) {
+    folders_->beginCall();
+    try {
+        if (path.ends_with('\\') || path == gameDirectory()) {
+            const auto place = folders_->placeOf(path);
+            folders_->open(place, place.parts.size());
+            return EntryKind::folder;
+        }
+        const auto spot = folders_->spotOf(path, "find");
+        if (const auto entry = spot.folder->look(spot.leaf, spot.links))
+            return kindOfEntry(*entry);
+        const auto other = spot.folder->otherSpelling(spot.leaf);
+        const auto entry = other ? spot.folder->look(*other, spot.links) : std::nullopt;
+        return entry ? kindOfEntry(*entry) : EntryKind::none;
+    } catch (const Failure&) {
+        return EntryKind::none;
+    }
+}
+
+std::vector<std::string> Disk::folderNames(const std::string& path) {
+    return namesOf(path, true);
+}
+
+std::vector<std::string> Disk::fileNames(const std::string& path) {
+    return namesOf(path, false);
+}
+
+std::vector<std::string> Disk::namesOf(const std::string& path, bool folders) {
+    folders_->beginCall();
+    const auto place = folders_->placeOf(path);
+    const auto folder = folders_->open(place, place.parts.size());
+    std::vector<RawName> entries;
+    check(raw_->list(folder->raw(), entries), "list", path);
+    std::vector<std::string> names;
+    for (auto& entry : entries) {
+        const bool isWanted = folders ? entry.kind == RawKind::folder
+                                      : !entry.isHidden && (entry.kind == RawKind::file ||
+                                                            entry.kind == RawKind::link);
+        if (isWanted && isExpressible(entry.name))
+            names.push_back(std::move(entry.name));
+    }
+    std::sort(names.begin(), names.end(), lessIgnoringCase);
+    return names;
+}
+
+bool Disk::leadsThroughLink(const std::string& folder, const std::string& relative) {
+    folders_->beginCall();
+    auto path = folder;
+    for (const auto& part : splitPath(relative)) {
+        path += "\\" + part;
+        const auto place = folders_->placeOf(path);
+        const auto parent = folders_->tryOpen(place, place.parts.size() - 1);
+        const auto name = parent ? parent->spelling(place.parts.back()) : std::nullopt;
+        const auto entry = name ? parent->look(*name, Links::kept) : std::nullopt;
+        if (entry && entry->kind == RawKind::link)
+            return true;
+    }
+    return false;
+}
+
+void Disk::flush() {
+    std::unique_ptr<RawFolder> top;
+    check(raw_->openRoot(gameDirectory(), top), "flush", gameDirectory());
+    check(raw_->syncAll(*top), "flush", gameDirectory());
+}
+
+std::unique_ptr<Disk> makeDisk() {
+    return std::make_unique<Disk>(makeRawDisk());
+}
+
+} // namespace platform

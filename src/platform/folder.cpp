@@ -1,0 +1,88 @@
+// A listing is trusted while only this program changes the folder. Changes of others show in the
+// folder's time.
+#include "folder.h"
+
+#include "check.h"
+
+namespace platform {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto trustedUnseen = 100ms;
+/// The system's clock for files may stand still that long.
+constexpr auto ticksOfFileTime = 50ms;
+/// A listing in doubt is read again at most for this share of the time.
+constexpr int shareOfListing = 100;
+
+FileTime wallTime() {
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
+}
+
+} // namespace
+
+std::optional<RawEntry> Folder::look(const std::string& name, Links links) {
+    RawEntry entry;
+    if (disk_.look(*raw_, name, links, entry))
+        return std::nullopt;
+    return entry;
+}
+
+std::optional<std::string> Folder::spelling(const std::string& name) {
+    if (!look(name, Links::kept))
+        return otherSpelling(name);
+    return disk_.ignoresCase() ? otherSpelling(name).value_or(name) : name;
+}
+
+std::optional<std::string> Folder::otherSpelling(const std::string& name) {
+    learnNames();
+    while (auto known = names_.find(name)) {
+        if (look(*known, Links::kept))
+            return known;
+        // Somebody else took it away.
+        names_.remove(*known);
+    }
+    return std::nullopt;
+}
+
+void Folder::noteAdded(const std::string& name) {
+    isInDoubt_ = true;
+    if (isListed_)
+        names_.add(name);
+}
+
+void Folder::noteRemoved(const std::string& name) {
+    isInDoubt_ = true;
+    if (isListed_)
+        names_.remove(name);
+}
+
+void Folder::learnNames() {
+    const auto now = Clock::now();
+    if (isListed_ && now - checkedAt_ < trustedUnseen)
+        return;
+    RawEntry self;
+    check(disk_.lookAt(*raw_, self), "list", ".");
+    checkedAt_ = now;
+    if (isListed_ && isInDoubt_ && now - listedAt_ < listingTook_ * shareOfListing)
+        return;
+    if (!isListed_ || isInDoubt_ || self.modified != modified_)
+        list(self.modified);
+}
+
+void Folder::list(FileTime modified) {
+    const auto start = Clock::now();
+    std::vector<RawName> names;
+    check(disk_.list(*raw_, names), "list", ".");
+    names_.assign(names);
+    modified_ = modified;
+    isListed_ = true;
+    // A change in the same tick of the clock would not show.
+    isInDoubt_ = wallTime() - modified <
+                 std::chrono::duration_cast<std::chrono::nanoseconds>(ticksOfFileTime).count();
+    listedAt_ = checkedAt_ = Clock::now();
+    listingTook_ = listedAt_ - start;
+}
+
+} // namespace platform
