@@ -22,7 +22,6 @@ using bench::Seconds;
 constexpr int rounds = 7;
 constexpr int releases = 5000;
 constexpr int selected = 1000;
-constexpr int modsTab = 3;
 constexpr Seconds felt = 0.05;
 const fs::path root = fs::current_path() / "catalogue-bench-game";
 
@@ -94,9 +93,9 @@ void tab() {
     };
     std::vector<Seconds> open, limit, click;
     for (int round = 0; round < rounds; ++round) {
-        main.tspMain.click(0);
-        open.push_back(shown([&] { main.tspMain.click(modsTab); }));
-        click.push_back(shown([&] { main.lstList.click(releases / 2); }));
+        main.tspMain.click("Total Conversions");
+        open.push_back(shown([&] { main.tspMain.click("Mods"); }));
+        click.push_back(shown([&] { main.lstList.click(releaseName(releases / 2)); }));
         limit.push_back(bareRows());
     }
     bench::report("tab of 5,000 releases against listing and rows", bench::median(open),

@@ -19,7 +19,10 @@ void frmMain::wire() {
     onClose = [this] { Form_Unload(); };
     defaultButton = &cmdGo;
     tspMain.onClick = [this] { tspMain_Click(); };
-    lstList.onClick = [this] { lstList_Click(); };
+    lstList.onClick = [this](const auto&) {
+        lstList.setMarked(lstList.index(), !lstList.marked(lstList.index()));
+        lstList_Click();
+    };
     tmrSleep.onTick = [this] { tmrSleep_Timer(); };
     cmdGo.onClick = [this] { cmdGo_Click(); };
     cmdRevert.onClick = [this] { cmdRevert_Click(); };

@@ -87,13 +87,14 @@ void frmMain::openLog(const std::string& title, const std::string& heading) {
     showReadme_.setText(title);
     showReadme_.lblWhat.setText(heading);
     showReadme_.txtReadme.setText("");
+    showReadme_.closed.noted = false;
 }
 
 /// The log stands for a second, or until the user closes it.
 void frmMain::showLogForASecond() {
     tmrSleep.setInterval(1000);
     tmrSleep.setEnabled(true);
-    while (tmrSleep.enabled() && showReadme_.visible())
+    while (tmrSleep.enabled() && showReadme_.visible() && !showReadme_.closed.noted)
         toolkit().waitForTimer();
     tmrSleep.setEnabled(false);
 }

@@ -43,7 +43,7 @@ frmAdd::frmAdd(engine::frmMain& main)
     cmd3next.onClick = [this] { cmd3next_Click(); };
     onClose = [this] { closeWindow(); };
     onDrop = [this](const auto& paths) {
-        if (fraS2.enabled() && !copying_)
+        if (fraS2.enabled())
             copyMembers(paths);
     };
 }
@@ -59,7 +59,6 @@ void frmAdd::GotoStep(int stepNum) {
 }
 
 void frmAdd::closeWindow() {
-    stopCopying_ = true;
     toolkit_.hide(*this);
 }
 
@@ -117,12 +116,7 @@ void frmAdd::lbl2Copy_Click() {
     toolkit_.setClipboard(txt2Where.text());
 }
 
-/// While files are copied, the same button stops it.
 void frmAdd::cmd2Files_Click() {
-    if (copying_) {
-        stopCopying_ = true;
-        return;
-    }
     const auto files = toolkit_.askForFiles(
         {"Copy Files Here", "All Files (*.*)|*.*|Zip Archives (*.zip)|*.zip", {}});
     if (!files.empty())
@@ -135,28 +129,33 @@ void frmAdd::cmd2Folder_Click() {
 }
 
 void frmAdd::copyMembers(const std::vector<std::string>& paths) {
-    copying_ = true;
-    stopCopying_ = false;
+    platform::Wish stop;
+    platform::Wish leave;
+    cmd2Files.wish = &stop;
+    closeWish = &leave;
     cmd2Files.setText("Stop Copying");
     for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next})
         button->setEnabled(false);
     bar2Files.setDone(0);
     bar2Files.setVisible(true);
-    MemberImport import(main_, releaseFolder_, [this](const MemberImport::Progress& progress) {
+    MemberImport import(main_, releaseFolder_, [&](const MemberImport::Progress& progress) {
         lbl2Files.setText(progress.file);
         bar2Files.setDone(progress.perMille);
         toolkit_.doEvents();
-        return !stopCopying_;
+        return !stop.noted && !leave.noted;
     });
     const auto [copied, leftOut] = import.copy(paths);
     bar2Files.setVisible(false);
     lbl2Files.setText(std::to_string(copied) + (copied == 1 ? " file" : " files") + " copied" +
                       (leftOut > 0 ? ", " + std::to_string(leftOut) + " not" : "") +
-                      (stopCopying_ ? ", then stopped." : "."));
+                      (stop.noted ? ", then stopped." : "."));
     cmd2Files.setText("Copy Files Here...");
     for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next})
         button->setEnabled(true);
-    copying_ = false;
+    cmd2Files.wish = nullptr;
+    closeWish = nullptr;
+    if (leave.noted)
+        closeWindow();
 }
 
 void frmAdd::cmd2Prev_Click() {

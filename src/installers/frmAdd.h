@@ -85,8 +85,6 @@ class frmAdd : public platform::Window {
     std::string releaseFolder_;
     /// What the codes box was given last, to tell what the user has typed from what was loaded.
     std::string loadedCodes_;
-    bool copying_ = false;
-    bool stopCopying_ = false;
 };
 
 } // namespace installers

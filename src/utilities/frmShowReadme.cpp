@@ -10,6 +10,8 @@ frmShowReadme::frmShowReadme(platform::Toolkit& toolkit)
     cmdDone.onClick = [this] { cmdDone_Click(); };
     onClose = [this] { Form_Unload(); };
     defaultButton = &cmdDone;
+    cmdDone.wish = &closed;
+    closeWish = &closed;
 }
 
 frmShowReadme::~frmShowReadme() {

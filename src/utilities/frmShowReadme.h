@@ -19,6 +19,9 @@ class frmShowReadme : public platform::Window {
     platform::TextBox txtReadme{*this, "txtReadme", platform::TextBox::Kind::readOnlyLines};
     platform::Button cmdDone{*this, "cmdDone", "Close"};
 
+    /// Set when the user closes the window while it is the log of running work.
+    platform::Wish closed;
+
     void Form_Load();
     void Form_Unload();
     void cmdDone_Click();

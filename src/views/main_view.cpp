@@ -102,7 +102,7 @@ MainView::MainView(engine::frmMain& main, QtToolkit& toolkit)
     resize(920, 680);
 }
 
-void MainView::setTabOrderOf(std::initializer_list<platform::Control*> controls) {
+void MainView::setTabOrderOf(std::initializer_list<windows::Control*> controls) {
     QWidget* before = nullptr;
     for (const auto* control : controls) {
         auto* widget = findChild<QWidget*>(QString::fromStdString(control->name()));
@@ -115,29 +115,28 @@ void MainView::setTabOrderOf(std::initializer_list<platform::Control*> controls)
 QMenuBar* MainView::menuBar() {
     auto* bar = new QMenuBar(this);
     bar->setAccessibleName("Menus");
-    std::map<const platform::Menu*, QMenu*> menus;
+    std::map<const windows::Menu*, QMenu*> menus;
     for (auto* control : main_.controls()) {
-        if (const auto* menu = dynamic_cast<platform::Menu*>(control)) {
+        if (const auto* menu = dynamic_cast<windows::Menu*>(control)) {
             menus[menu] = bar->addMenu(shown(menu->text()));
             menus[menu]->setObjectName(QString::fromStdString(menu->name()));
             continue;
         }
-        auto* item = dynamic_cast<platform::MenuItem*>(control);
+        auto* item = dynamic_cast<windows::MenuItem*>(control);
         if (item == nullptr)
             continue;
         auto* action = menus.at(&item->menu())->addAction(shown(item->text()).trimmed());
         action->setObjectName(QString::fromStdString(item->name()));
         action->setShortcut(QKeySequence(shown(item->shortcut())));
         action->setCheckable(item->checkable());
-        addBinding(*item, [item, action] {
-            action->setEnabled(item->enabled());
+        addBinding(*item, [this, item, action] {
+            action->setEnabled(takesInput(*item));
             action->setChecked(item->checked());
         });
         connect(action, &QAction::triggered, this, [this, item, action] {
             // The logic turns the check over, not the click.
             action->setChecked(item->checked());
-            if (item->onClick)
-                post(*item, item->onClick);
+            post(windows::press(*item));
         });
     }
     return bar;
@@ -161,6 +160,7 @@ QWidget* MainView::listSide() {
 /// Hides rows and changes nothing else: marks stay, and the logic sees all items.
 QLineEdit* MainView::filterOf(MarkListView* list) {
     auto* filter = new FilterEdit(list, this);
+    restToo(filter);
     connect(filter, &QLineEdit::textChanged, list, &MarkListView::setFilter);
     // Another tab shows all of its releases at first.
     list->onRefilled = [this, filter, tab = main_.tspMain.index()]() mutable {
@@ -178,13 +178,13 @@ QLineEdit* MainView::filterOf(MarkListView* list) {
 QWidget* MainView::infoSide() {
     auto* side = new QWidget(this);
     auto* column = tight<QVBoxLayout>(side);
-    const auto headed = [&](platform::Label& heading, platform::Label& edit) {
+    const auto headed = [&](windows::Label& heading, windows::Label& edit) {
         auto* row = tight<QHBoxLayout>();
         row->addWidget(label(heading, true), 1);
         row->addWidget(link(edit));
         column->addLayout(row);
     };
-    const auto buttons = [&](std::initializer_list<platform::Button*> controls) {
+    const auto buttons = [&](std::initializer_list<windows::Button*> controls) {
         auto* row = tight<QHBoxLayout>();
         for (auto* control : controls)
             row->addWidget(button(*control), 1);
@@ -210,7 +210,7 @@ QWidget* MainView::setupFrame() {
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(gap);
     grid->setVerticalSpacing(gap);
-    const auto row = [&](int line, int column, platform::Label& name, platform::TextBox& box) {
+    const auto row = [&](int line, int column, windows::Label& name, windows::TextBox& box) {
         auto* edit = lineEdit(box);
         edit->setAccessibleName(shown(name.text()));
         grid->addWidget(label(name), line, column);

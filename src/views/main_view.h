@@ -21,7 +21,7 @@ class MainView final : public WindowView {
     QLineEdit* filterOf(MarkListView* list);
     QWidget* infoSide();
     QWidget* setupFrame();
-    void setTabOrderOf(std::initializer_list<platform::Control*> controls);
+    void setTabOrderOf(std::initializer_list<windows::Control*> controls);
 
     engine::frmMain& main_;
 };

@@ -55,7 +55,7 @@ class FileListView final : public WindowView {
 
 } // namespace
 
-std::unique_ptr<WindowView> makeView(platform::Window& window, QtToolkit& toolkit) {
+std::unique_ptr<WindowView> makeView(windows::Window& window, QtToolkit& toolkit) {
     if (auto* main = dynamic_cast<engine::frmMain*>(&window))
         return std::make_unique<MainView>(*main, toolkit);
     if (auto* readme = dynamic_cast<utilities::frmShowReadme*>(&window))

@@ -12,8 +12,8 @@
 #include <QTabBar>
 #include <QWidget>
 
-#include "windows/controls.h"
 #include "views/binding.h"
+#include "windows/actions.h"
 
 class QComboBox;
 class QListWidget;
@@ -25,48 +25,56 @@ class MarkListView;
 class QtToolkit;
 
 /// One window of the logic on the screen. Makes a widget for each control, named as the control is,
-/// and passes what the user does to the toolkit, which hands it to the logic in its own time.
+/// and passes what the user does to the toolkit, which hands it to the logic in its own time. A
+/// resting window greys its controls, save those that have a wish.
 class WindowView : public QWidget {
     Q_OBJECT
 
   public:
-    WindowView(platform::Window& window, QtToolkit& toolkit);
+    WindowView(windows::Window& window, QtToolkit& toolkit);
 
   protected:
-    QLabel* label(platform::Label& control, bool heading = false);
-    QPushButton* link(platform::Label& control);
-    QPushButton* button(platform::Button& control);
-    QLineEdit* lineEdit(platform::TextBox& control);
-    QPlainTextEdit* textEdit(platform::TextBox& control);
-    QTabBar* tabBar(platform::TabStrip& control);
-    QComboBox* comboBox(platform::ComboBox& control);
-    QListWidget* listBox(platform::ListBox& control);
-    QProgressBar* progressBar(platform::ProgressBar& control);
-    MarkListView* markList(platform::MarkList& control);
-    void timer(platform::Timer& control);
+    QLabel* label(windows::Label& control, bool heading = false);
+    QPushButton* link(windows::Label& control);
+    QPushButton* button(windows::Button& control);
+    QLineEdit* lineEdit(windows::TextBox& control);
+    QPlainTextEdit* textEdit(windows::TextBox& control);
+    QTabBar* tabBar(windows::TabStrip& control);
+    QComboBox* comboBox(windows::ComboBox& control);
+    QListWidget* listBox(windows::ListBox& control);
+    QProgressBar* progressBar(windows::ProgressBar& control);
+    MarkListView* markList(windows::MarkList& control);
+    void timer(windows::Timer& control);
 
     /// Ties a widget's text, state and visibility to a control's.
-    void bind(platform::Control& control, QWidget* widget, std::function<void()> showText);
-    void addBinding(platform::Element& element, std::function<void()> refresh);
-    /// Hands an action of the user to the logic, if the control takes input then.
-    void post(platform::Control& control, std::function<void()> action);
+    void bind(windows::Control& control, QWidget* widget, std::function<void()> showText);
+    void addBinding(windows::Element& element, std::function<void()> refresh);
+    /// Hands on what the user did.
+    void post(windows::Action action);
+    /// Whether the control's widget is to look as if it could be used.
+    bool takesInput(const windows::Control& control) const;
+    /// A widget that is no control's and rests with the window.
+    void restToo(QWidget* widget) { restToo_.push_back(widget); }
 
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
-    platform::Window& window_;
+    windows::Window& window_;
     QtToolkit& toolkit_;
 
   private:
+    void showRest(bool rests);
     /// Tells the logic when the user leaves a box for another control.
-    void watchLeaving(platform::TextBox& control, QWidget* widget);
+    void watchLeaving(windows::TextBox& control, QWidget* widget);
     void pressDefaultButton();
 
     std::vector<std::unique_ptr<Binding>> bindings_;
+    std::vector<QWidget*> restToo_;
+    bool rests_ = false;
 };
 
-std::unique_ptr<WindowView> makeView(platform::Window& window, QtToolkit& toolkit);
+std::unique_ptr<WindowView> makeView(windows::Window& window, QtToolkit& toolkit);
 
 } // namespace views

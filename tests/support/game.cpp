@@ -103,19 +103,23 @@ std::string differences(const Tree& before, const Tree& after) {
     return text;
 }
 
+std::unique_ptr<windows::Toolkit> withoutScreen(headless::Script& script,
+                                                headless::Transcript transcript) {
+    return std::make_unique<headless::SessionToolkit>(script, std::move(transcript));
+}
+
 Session play(const Game& game, const std::string& script, const Play& how) {
-    using namespace platform;
     Session session;
     const headless::Transcript transcript = [&session](const Event& event) {
         session.events.push_back(event);
     };
     std::istringstream lines(script);
     headless::Script actions(lines);
-    headless::SessionToolkit toolkit(actions, transcript);
-    const auto own = makeDisk();
+    const auto toolkit = how.makeToolkit(actions, transcript);
+    const auto own = platform::makeDisk();
     auto& disk = how.disk != nullptr ? *how.disk : *own;
     headless::RecordedPrograms programs(disk, transcript);
-    engine::frmMain main({disk, toolkit, programs, game.folder(), "", how.commandLine});
+    engine::frmMain main({disk, *toolkit, programs, game.folder(), "", how.commandLine});
     try {
         main.run();
         session.endedItself = true;

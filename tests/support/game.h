@@ -10,12 +10,12 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/disk.h"
 #include "headless/session.h"
+#include "platform/disk.h"
 
 namespace test {
 
-using Event = platform::headless::Event;
+using Event = headless::Event;
 using Tree = std::map<std::string, std::string>; ///< path with "/", content
 
 /// A fresh directory with the data tree that a new game directory gets and a `totala.exe`. Gone
@@ -48,11 +48,19 @@ class Game {
 /// What a tree has that another has not or has otherwise, a line for each; empty for equal trees.
 std::string differences(const Tree& before, const Tree& after);
 
+using MakeToolkit = std::function<std::unique_ptr<windows::Toolkit>(
+    headless::Script& script, headless::Transcript transcript)>;
+
+/// Plays sessions without a screen.
+std::unique_ptr<windows::Toolkit> withoutScreen(headless::Script& script,
+                                                headless::Transcript transcript);
+
 /// How a session is played, beside its script.
 struct Play {
     std::string commandLine;
     /// The disk that the program gets; the machine's own if there is none.
     platform::Disk* disk = nullptr;
+    MakeToolkit makeToolkit = withoutScreen;
 };
 
 /// What cut a session short, or how it ended.

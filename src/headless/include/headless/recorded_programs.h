@@ -1,0 +1,24 @@
+// Programs that are told of and never started.
+#pragma once
+
+#include <utility>
+
+#include "headless/transcript.h"
+#include "platform/disk.h"
+#include "platform/programs.h"
+
+namespace headless {
+
+/// Records what would be started.
+class RecordedPrograms final : public platform::Programs {
+  public:
+    RecordedPrograms(platform::Disk& disk, Transcript transcript)
+        : disk_(disk), transcript_(std::move(transcript)) {}
+    void start(const platform::Command& command) override;
+
+  private:
+    platform::Disk& disk_;
+    Transcript transcript_;
+};
+
+} // namespace headless
