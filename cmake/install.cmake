@@ -5,7 +5,7 @@
 set(VEXILLUM_DATA ${CMAKE_CURRENT_SOURCE_DIR}/data)
 
 if(VEXILLUM_WINDOWS)
-  install(TARGETS Vexillum.exe RUNTIME DESTINATION . COMPONENT game)
+  install(TARGETS vexillum RUNTIME DESTINATION . COMPONENT game)
 endif()
 install(CODE "set(data \"${VEXILLUM_DATA}\")" COMPONENT game)
 install(CODE [[

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/frmMain.h"
+#include "windows/frmMain.h"
 #include "headless/session.h"
 
 namespace {
@@ -14,7 +14,6 @@ constexpr int badLine = 2;
 constexpr int boxesWithoutEnd = 3;
 
 int play(const std::string& gameDirectory, const std::string& commandLine) {
-    using namespace platform;
     bool ended = false;
     const headless::Transcript transcript = [&ended](const headless::Event& event) {
         if (!ended)
@@ -23,11 +22,11 @@ int play(const std::string& gameDirectory, const std::string& commandLine) {
     };
     headless::Script script(std::cin);
     headless::SessionToolkit toolkit(script, transcript);
-    const auto disk = makeDisk();
+    const auto disk = platform::makeDisk();
     headless::RecordedPrograms programs(*disk, transcript);
     try {
-        engine::frmMain main(
-            {*disk, toolkit, programs, absoluteFolder(gameDirectory), "", commandLine});
+        windows::frmMain main(
+            {*disk, toolkit, programs, platform::absoluteFolder(gameDirectory), "", commandLine});
         main.run();
         transcript({{"event", "end"}, {"how", "ended"}});
     } catch (const headless::ScriptEnd&) {

@@ -15,11 +15,13 @@ void Refresher::forget(const Binding* binding) {
 }
 
 void Refresher::flush() {
-    for (auto* binding : std::exchange(dirty_, {}))
-        binding->refresh();
+    // A window that begins to rest has its controls shown anew.
+    while (!dirty_.empty())
+        for (auto* binding : std::exchange(dirty_, {}))
+            binding->refresh();
 }
 
-Binding::Binding(Refresher& refresher, platform::Element& element, std::function<void()> refresh)
+Binding::Binding(Refresher& refresher, windows::Element& element, std::function<void()> refresh)
     : refresher_(refresher), element_(element), refresh_(std::move(refresh)) {
     element_.view = this;
     changed();

@@ -1,5 +1,5 @@
 // One filter serves all widgets: it measures when the mouse rests over one.
-#include "views/cut_text_tip.h"
+#include "cut_text_tip.h"
 
 #include <QApplication>
 #include <QHelpEvent>

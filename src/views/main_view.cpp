@@ -1,7 +1,8 @@
 // Tabs along the top, the list on the left, what is known of a release on the right, and the
 // current setup with the launch button along the bottom.
-#include "views/main_view.h"
+#include "main_view.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <QGridLayout>
@@ -15,7 +16,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "views/mark_list_view.h"
+#include "mark_list_view.h"
 
 namespace views {
 namespace {
@@ -67,7 +68,7 @@ class FilterEdit final : public QLineEdit {
 
 } // namespace
 
-MainView::MainView(engine::frmMain& main, QtToolkit& toolkit)
+MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     : WindowView(main, toolkit), main_(main) {
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
@@ -92,17 +93,19 @@ MainView::MainView(engine::frmMain& main, QtToolkit& toolkit)
     content->addWidget(sides, 1);
     content->addWidget(setupFrame());
     timer(main_.tmrSleep);
-    setTabOrderOf({&main_.tspMain,    &main_.lstList,     &main_.lblRename,   &main_.lblEditAbout,
-                   &main_.txtAbout,   &main_.cmdReadme,   &main_.cmdExplore,  &main_.lblEditCCodes,
-                   &main_.txtCCodes,  &main_.cmdAdd,      &main_.cmdHelp,     &main_.cmdRemove,
-                   &main_.txtSelTC,   &main_.txtSelAI,    &main_.txtSelRaces, &main_.txtSelMods,
-                   &main_.txtSelMaps, &main_.txtSelUnits, &main_.cmdRevert,   &main_.cmdClean,
-                   &main_.cmdGo});
+    std::vector<windows::Control*> order = {
+        &main_.tspMain,   &main_.lstList,    &main_.lblRename,     &main_.lblEditAbout,
+        &main_.txtAbout,  &main_.cmdReadme,  &main_.cmdExplore,    &main_.lblEditCCodes,
+        &main_.txtCCodes, &main_.cmdAdd,     &main_.cmdHelp,       &main_.cmdRemove};
+    for (const auto& summary : main_.summaries())
+        order.push_back(&summary->box);
+    order.insert(order.end(), {&main_.cmdRevert, &main_.cmdClean, &main_.cmdGo});
+    setTabOrderOf(order);
     setTabOrder(findChild<QWidget*>("tspMain"), findChild<QWidget*>("filter"));
     resize(920, 680);
 }
 
-void MainView::setTabOrderOf(std::initializer_list<platform::Control*> controls) {
+void MainView::setTabOrderOf(const std::vector<windows::Control*>& controls) {
     QWidget* before = nullptr;
     for (const auto* control : controls) {
         auto* widget = findChild<QWidget*>(QString::fromStdString(control->name()));
@@ -115,29 +118,28 @@ void MainView::setTabOrderOf(std::initializer_list<platform::Control*> controls)
 QMenuBar* MainView::menuBar() {
     auto* bar = new QMenuBar(this);
     bar->setAccessibleName("Menus");
-    std::map<const platform::Menu*, QMenu*> menus;
+    std::map<const windows::Menu*, QMenu*> menus;
     for (auto* control : main_.controls()) {
-        if (const auto* menu = dynamic_cast<platform::Menu*>(control)) {
+        if (const auto* menu = dynamic_cast<windows::Menu*>(control)) {
             menus[menu] = bar->addMenu(shown(menu->text()));
             menus[menu]->setObjectName(QString::fromStdString(menu->name()));
             continue;
         }
-        auto* item = dynamic_cast<platform::MenuItem*>(control);
+        auto* item = dynamic_cast<windows::MenuItem*>(control);
         if (item == nullptr)
             continue;
         auto* action = menus.at(&item->menu())->addAction(shown(item->text()).trimmed());
         action->setObjectName(QString::fromStdString(item->name()));
         action->setShortcut(QKeySequence(shown(item->shortcut())));
         action->setCheckable(item->checkable());
-        addBinding(*item, [item, action] {
-            action->setEnabled(item->enabled());
+        addBinding(*item, [this, item, action] {
+            action->setEnabled(takesInput(*item));
             action->setChecked(item->checked());
         });
         connect(action, &QAction::triggered, this, [this, item, action] {
             // The logic turns the check over, not the click.
             action->setChecked(item->checked());
-            if (item->onClick)
-                post(*item, item->onClick);
+            post(windows::press(*item));
         });
     }
     return bar;
@@ -161,6 +163,7 @@ QWidget* MainView::listSide() {
 /// Hides rows and changes nothing else: marks stay, and the logic sees all items.
 QLineEdit* MainView::filterOf(MarkListView* list) {
     auto* filter = new FilterEdit(list, this);
+    restToo(filter);
     connect(filter, &QLineEdit::textChanged, list, &MarkListView::setFilter);
     // Another tab shows all of its releases at first.
     list->onRefilled = [this, filter, tab = main_.tspMain.index()]() mutable {
@@ -178,13 +181,13 @@ QLineEdit* MainView::filterOf(MarkListView* list) {
 QWidget* MainView::infoSide() {
     auto* side = new QWidget(this);
     auto* column = tight<QVBoxLayout>(side);
-    const auto headed = [&](platform::Label& heading, platform::Label& edit) {
+    const auto headed = [&](windows::Label& heading, windows::Label& edit) {
         auto* row = tight<QHBoxLayout>();
         row->addWidget(label(heading, true), 1);
         row->addWidget(link(edit));
         column->addLayout(row);
     };
-    const auto buttons = [&](std::initializer_list<platform::Button*> controls) {
+    const auto buttons = [&](std::initializer_list<windows::Button*> controls) {
         auto* row = tight<QHBoxLayout>();
         for (auto* control : controls)
             row->addWidget(button(*control), 1);
@@ -210,25 +213,25 @@ QWidget* MainView::setupFrame() {
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(gap);
     grid->setVerticalSpacing(gap);
-    const auto row = [&](int line, int column, platform::Label& name, platform::TextBox& box) {
-        auto* edit = lineEdit(box);
-        edit->setAccessibleName(shown(name.text()));
-        grid->addWidget(label(name), line, column);
+    // Types with one choice stand on the left with the buttons below them, all others on the right.
+    int left = 0;
+    int right = 0;
+    for (const auto& summary : main_.summaries()) {
+        const bool isSingle = summary->type.isSingle();
+        auto* edit = lineEdit(summary->box);
+        edit->setAccessibleName(shown(summary->label.text()));
+        const int line = isSingle ? left++ : right++;
+        const int column = isSingle ? 0 : 2;
+        grid->addWidget(label(summary->label), line, column);
         grid->addWidget(edit, line, column + 1);
-    };
-    row(0, 0, main_.lblSelTC, main_.txtSelTC);
-    row(1, 0, main_.lblSelAI, main_.txtSelAI);
-    grid->addWidget(button(main_.cmdRevert), 2, 0, 1, 2);
-    grid->addWidget(button(main_.cmdClean), 3, 0, 1, 2);
-    row(0, 2, main_.lblSelRace, main_.txtSelRaces);
-    row(1, 2, main_.lblSelMods, main_.txtSelMods);
-    row(2, 2, main_.lblSelMaps, main_.txtSelMaps);
-    row(3, 2, main_.lblSelUnits, main_.txtSelUnits);
+    }
+    for (auto* command : {&main_.cmdRevert, &main_.cmdClean})
+        grid->addWidget(button(*command), left++, 0, 1, 2);
     auto* go = button(main_.cmdGo);
     go->setDefault(true);
     go->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     go->setMinimumWidth(190);
-    grid->addWidget(go, 0, 4, 4, 1);
+    grid->addWidget(go, 0, 4, std::max(left, right), 1);
     grid->setColumnStretch(1, 2);
     grid->setColumnStretch(3, 2);
     grid->setColumnStretch(4, 1);

@@ -1,7 +1,7 @@
 // The main window on the screen.
 #pragma once
 
-#include "engine/frmMain.h"
+#include "windows/frmMain.h"
 #include "views/window_view.h"
 
 class QLayout;
@@ -13,7 +13,7 @@ class MainView final : public WindowView {
     Q_OBJECT
 
   public:
-    MainView(engine::frmMain& main, QtToolkit& toolkit);
+    MainView(windows::frmMain& main, QtToolkit& toolkit);
 
   private:
     QMenuBar* menuBar();
@@ -21,9 +21,9 @@ class MainView final : public WindowView {
     QLineEdit* filterOf(MarkListView* list);
     QWidget* infoSide();
     QWidget* setupFrame();
-    void setTabOrderOf(std::initializer_list<platform::Control*> controls);
+    void setTabOrderOf(const std::vector<windows::Control*>& controls);
 
-    engine::frmMain& main_;
+    windows::frmMain& main_;
 };
 
 } // namespace views

@@ -1,13 +1,13 @@
 // Qt describes the rows of an item view as cells that can be selected, but not as marks that can be
 // turned over. So the rows have a description of their own.
-#include "views/mark_list_access.h"
+#include "mark_list_access.h"
 
 #include <vector>
 
 #include <QAccessibleWidget>
 #include <QPointer>
 
-#include "views/mark_list_view.h"
+#include "mark_list_view.h"
 
 namespace views {
 namespace {

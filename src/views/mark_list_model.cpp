@@ -1,11 +1,11 @@
 // Rows of the catalogue's list.
-#include "views/mark_list_model.h"
+#include "mark_list_model.h"
 
 #include "views/binding.h"
 
 namespace views {
 
-MarkListModel::MarkListModel(const platform::MarkList& list, QObject* parent)
+MarkListModel::MarkListModel(const windows::MarkList& list, QObject* parent)
     : QAbstractListModel(parent), list_(list) {}
 
 int MarkListModel::rowCount(const QModelIndex& parent) const {
@@ -13,7 +13,7 @@ int MarkListModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant MarkListModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= list_.count())
+    if (!index.isValid() || index.row() >= list_.count() || revision_ != list_.revision())
         return {};
     switch (role) {
     case Qt::DisplayRole:

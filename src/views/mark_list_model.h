@@ -13,18 +13,20 @@ class MarkListModel final : public QAbstractListModel {
     Q_OBJECT
 
   public:
-    explicit MarkListModel(const platform::MarkList& list, QObject* parent = nullptr);
+    explicit MarkListModel(const windows::MarkList& list, QObject* parent = nullptr);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 
     /// Follows the list after a change of it. Tells whether the items are others now.
     bool follow();
+    /// The revision of the list that is shown.
+    unsigned revision() const { return revision_; }
 
   private:
     void followMarks();
 
-    const platform::MarkList& list_;
+    const windows::MarkList& list_;
     std::vector<bool> marks_; ///< as they were shown last
     unsigned revision_ = 0;
 };

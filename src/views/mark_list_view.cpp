@@ -1,5 +1,5 @@
 // Rows are the items that the filter lets through.
-#include "views/mark_list_view.h"
+#include "mark_list_view.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -7,14 +7,13 @@
 #include <QPainter>
 #include <QToolTip>
 
-#include "views/mark_list_access.h"
+#include "mark_list_access.h"
 
 namespace views {
 
-MarkListView::MarkListView(const platform::MarkList& list, std::function<void(int item)> click,
-                           QWidget* parent)
+MarkListView::MarkListView(const windows::MarkList& list, Click click, QWidget* parent)
     : QListView(parent), items_(new MarkListModel(list, this)),
-      rows_(new QSortFilterProxyModel(this)), click_(std::move(click)) {
+      rows_(new QSortFilterProxyModel(this)), list_(list), click_(std::move(click)) {
     makeMarkListsAccessible();
     rows_->setSourceModel(items_);
     rows_->setFilterCaseSensitivity(Qt::CaseInsensitive);
@@ -57,8 +56,10 @@ bool MarkListView::isMarked(int row) const {
 }
 
 void MarkListView::toggle(int row) {
-    if (const auto index = rows_->index(row, 0); index.isValid())
-        click_(rows_->mapToSource(index).row());
+    const auto index = rows_->index(row, 0);
+    // The list may have been filled anew since these rows were shown.
+    if (index.isValid() && items_->revision() == list_.revision())
+        click_(list_.itemText(rows_->mapToSource(index).row()), items_->revision());
 }
 
 void MarkListView::keyPressEvent(QKeyEvent* event) {

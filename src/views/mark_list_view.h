@@ -3,11 +3,12 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include <QListView>
 #include <QSortFilterProxyModel>
 
-#include "views/mark_list_model.h"
+#include "mark_list_model.h"
 
 namespace views {
 
@@ -15,9 +16,10 @@ class MarkListView final : public QListView {
     Q_OBJECT
 
   public:
-    /// `click` is told the item that the user has clicked, whatever rows are hidden.
-    MarkListView(const platform::MarkList& list, std::function<void(int item)> click,
-                 QWidget* parent);
+    /// Told the item that the user has clicked, and the revision of the list that he saw.
+    using Click = std::function<void(const std::string& text, unsigned revision)>;
+
+    MarkListView(const windows::MarkList& list, Click click, QWidget* parent);
 
     /// Shows the items whose text holds this one, case ignored; all of them for an empty text.
     void setFilter(const QString& text);
@@ -41,7 +43,8 @@ class MarkListView final : public QListView {
   private:
     MarkListModel* items_;
     QSortFilterProxyModel* rows_;
-    std::function<void(int)> click_;
+    const windows::MarkList& list_;
+    Click click_;
     bool wasFilled_ = false;
     QString noItems_;
     QString noMatch_;

@@ -34,12 +34,12 @@ QString nameFilters(const std::string& filter) {
 QtToolkit::QtToolkit() = default;
 QtToolkit::~QtToolkit() = default;
 
-WindowView* QtToolkit::viewOf(platform::Window& window) {
+WindowView* QtToolkit::viewOf(windows::Window& window) {
     load(window);
     return views_.at(&window).get();
 }
 
-void QtToolkit::load(platform::Window& window) {
+void QtToolkit::load(windows::Window& window) {
     if (views_.contains(&window))
         return;
     auto view = makeView(window, *this);
@@ -48,8 +48,8 @@ void QtToolkit::load(platform::Window& window) {
     views_.emplace(&window, std::move(view));
 }
 
-void QtToolkit::unload(platform::Window& window) {
-    std::erase_if(actions_, [&](const Action& action) { return action.window == &window; });
+void QtToolkit::unload(windows::Window& window) {
+    input_.forget(window);
     const auto view = views_.find(&window);
     if (view == views_.end())
         return;
@@ -62,14 +62,19 @@ void QtToolkit::unload(platform::Window& window) {
     views_.erase(view);
 }
 
-void QtToolkit::show(platform::Window& window) {
+void QtToolkit::open(windows::Window& window, Qt::WindowModality modality) {
     auto* view = viewOf(window);
     window.setVisible(true);
+    input_.opened(window, modality != Qt::NonModal);
     refresher_.flush();
-    view->setWindowModality(Qt::NonModal);
+    view->setWindowModality(modality);
     putOverOwner(*view);
     view->show();
-    view->activateWindow();
+}
+
+void QtToolkit::show(windows::Window& window) {
+    open(window, Qt::NonModal);
+    viewOf(window)->activateWindow();
     processEvents(false);
 }
 
@@ -88,18 +93,14 @@ void QtToolkit::putOverOwner(WindowView& view) {
     view.move(owner->geometry().center() - view.rect().center());
 }
 
-void QtToolkit::hide(platform::Window& window) {
+void QtToolkit::hide(windows::Window& window) {
     window.setVisible(false);
+    input_.closed(window);
     viewOf(window)->hide();
 }
 
-void QtToolkit::showModal(platform::Window& window) {
-    auto* view = viewOf(window);
-    window.setVisible(true);
-    refresher_.flush();
-    view->setWindowModality(Qt::ApplicationModal);
-    putOverOwner(*view);
-    view->show();
+void QtToolkit::showModal(windows::Window& window) {
+    open(window, Qt::ApplicationModal);
     while (window.visible())
         waitForUser();
 }
@@ -111,19 +112,20 @@ QWidget* QtToolkit::boxParent() const {
     return mainView_ != nullptr && mainView_->isVisible() ? mainView_ : nullptr;
 }
 
-platform::MessageAnswer QtToolkit::showMessage(const platform::MessageBox& box) {
+windows::MessageAnswer QtToolkit::showMessage(const windows::MessageBox& box) {
     refresher_.flush();
     QMessageBox dialog(boxParent());
     dialog.setObjectName("messageBox");
     dialog.setWindowTitle(shown(box.title));
     dialog.setTextFormat(Qt::PlainText);
     dialog.setText(shown(box.text));
+    dialog.setInformativeText(shown(box.detail));
     dialog.setTextInteractionFlags(Qt::TextSelectableByMouse);
     std::vector<QPushButton*> buttons;
     for (const auto& caption : box.buttons)
         // The role keeps Escape from choosing an answer that the user did not give.
         buttons.push_back(dialog.addButton("&" + shown(caption), QMessageBox::ActionRole));
-    dialog.setDefaultButton(buttons.front());
+    dialog.setDefaultButton(buttons[box.defaultButton]);
     if (buttons.size() == 1)
         dialog.setEscapeButton(buttons.front());
     QCheckBox same("Do the same for the rest");
@@ -135,10 +137,11 @@ platform::MessageAnswer QtToolkit::showMessage(const platform::MessageBox& box) 
     const bool sameForRest = box.offersSameForRest && same.isChecked();
     if (box.offersSameForRest)
         dialog.setCheckBox(nullptr);
-    return {isAnswered ? static_cast<std::size_t>(at - buttons.begin()) : 0, sameForRest};
+    return {isAnswered ? static_cast<std::size_t>(at - buttons.begin()) : box.defaultButton,
+            sameForRest};
 }
 
-std::optional<std::string> QtToolkit::askForText(const platform::InputBox& box) {
+std::optional<std::string> QtToolkit::askForText(const windows::InputBox& box) {
     refresher_.flush();
     bool accepted = false;
     const auto text = QInputDialog::getText(boxParent(), shown(box.title), shown(box.text),
@@ -146,14 +149,14 @@ std::optional<std::string> QtToolkit::askForText(const platform::InputBox& box) 
     return accepted ? std::optional(entered(text)) : std::nullopt;
 }
 
-std::optional<std::string> QtToolkit::askForFile(const platform::FileDialog& dialog) {
+std::optional<std::string> QtToolkit::askForFile(const windows::FileDialog& dialog) {
     refresher_.flush();
     const auto path = QFileDialog::getOpenFileName(
         boxParent(), shown(dialog.title), shown(dialog.folder), nameFilters(dialog.filter));
     return path.isEmpty() ? std::nullopt : std::optional(nativePath(path));
 }
 
-std::vector<std::string> QtToolkit::askForFiles(const platform::FileDialog& dialog) {
+std::vector<std::string> QtToolkit::askForFiles(const windows::FileDialog& dialog) {
     refresher_.flush();
     std::vector<std::string> files;
     for (const auto& path : QFileDialog::getOpenFileNames(
@@ -162,7 +165,7 @@ std::vector<std::string> QtToolkit::askForFiles(const platform::FileDialog& dial
     return files;
 }
 
-std::optional<std::string> QtToolkit::askForFolder(const platform::FileDialog& dialog) {
+std::optional<std::string> QtToolkit::askForFolder(const windows::FileDialog& dialog) {
     refresher_.flush();
     const auto path =
         QFileDialog::getExistingDirectory(boxParent(), shown(dialog.title), shown(dialog.folder));
@@ -173,25 +176,8 @@ void QtToolkit::setClipboard(const std::string& text) {
     QApplication::clipboard()->setText(shown(text));
 }
 
-void QtToolkit::post(platform::Window& window, platform::Control* control,
-                     std::function<void()> action) {
-    const auto takesInput = [&window, control] {
-        return window.visible() && window.enabled() && !window.resting() &&
-               (control == nullptr || (control->enabled() && control->visible()));
-    };
-    if (takesInput())
-        actions_.push_back({&window, takesInput, std::move(action)});
-}
-
-void QtToolkit::postTick(platform::Timer& timer, std::function<void()> action) {
-    actions_.push_back({nullptr, [&timer] { return timer.enabled(); }, std::move(action)});
-}
-
-void QtToolkit::runNextAction() {
-    const auto action = std::move(actions_.front());
-    actions_.pop_front();
-    if (action.stillWanted())
-        action.run();
+windows::Input::Fate QtToolkit::post(windows::Action action) {
+    return input_.offer(std::move(action), moment_);
 }
 
 void QtToolkit::processEvents(bool wait) {
@@ -200,25 +186,31 @@ void QtToolkit::processEvents(bool wait) {
     lastEvents_ = std::chrono::steady_clock::now();
 }
 
+void QtToolkit::whileWaiting(const std::function<void()>& call) {
+    moment_ = windows::Input::Moment::waiting;
+    call();
+    moment_ = windows::Input::Moment::working;
+}
+
 void QtToolkit::doEvents() {
     if (std::chrono::steady_clock::now() - lastEvents_ < betweenEvents)
         return;
     processEvents(false);
-    for (auto pending = actions_.size(); pending > 0 && !actions_.empty(); --pending)
-        runNextAction();
+    input_.runTicks();
 }
 
 void QtToolkit::waitForUser() {
-    while (actions_.empty())
-        processEvents(true);
-    runNextAction();
+    while (!input_.runNext()) {
+        whileWaiting([this] { processEvents(true); });
+        input_.runTicks();
+    }
 }
 
 void QtToolkit::waitForTimer() {
-    if (actions_.empty())
-        processEvents(true);
-    while (!actions_.empty())
-        runNextAction();
+    if (input_.runTicks())
+        return;
+    processEvents(true);
+    input_.runTicks();
 }
 
 } // namespace views

@@ -3,18 +3,18 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "utilities/frmFList.h"
-#include "utilities/frmShowReadme.h"
-#include "views/main_view.h"
-#include "views/wizard_views.h"
-#include "views/working_view.h"
+#include "windows/frmFList.h"
+#include "windows/frmShowReadme.h"
+#include "main_view.h"
+#include "wizard_views.h"
+#include "working_view.h"
 
 namespace views {
 namespace {
 
 class ShowReadmeView final : public WindowView {
   public:
-    ShowReadmeView(utilities::frmShowReadme& window, QtToolkit& toolkit)
+    ShowReadmeView(windows::frmShowReadme& window, QtToolkit& toolkit)
         : WindowView(window, toolkit) {
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(8, 8, 8, 8);
@@ -33,7 +33,7 @@ class ShowReadmeView final : public WindowView {
 
 class FileListView final : public WindowView {
   public:
-    FileListView(utilities::frmFList& window, QtToolkit& toolkit) : WindowView(window, toolkit) {
+    FileListView(windows::frmFList& window, QtToolkit& toolkit) : WindowView(window, toolkit) {
         auto* column = new QVBoxLayout(this);
         auto* info = label(window.lblInfo);
         info->setWordWrap(true);
@@ -55,18 +55,18 @@ class FileListView final : public WindowView {
 
 } // namespace
 
-std::unique_ptr<WindowView> makeView(platform::Window& window, QtToolkit& toolkit) {
-    if (auto* main = dynamic_cast<engine::frmMain*>(&window))
+std::unique_ptr<WindowView> makeView(windows::Window& window, QtToolkit& toolkit) {
+    if (auto* main = dynamic_cast<windows::frmMain*>(&window))
         return std::make_unique<MainView>(*main, toolkit);
-    if (auto* readme = dynamic_cast<utilities::frmShowReadme*>(&window))
+    if (auto* readme = dynamic_cast<windows::frmShowReadme*>(&window))
         return std::make_unique<ShowReadmeView>(*readme, toolkit);
-    if (auto* list = dynamic_cast<utilities::frmFList*>(&window))
+    if (auto* list = dynamic_cast<windows::frmFList*>(&window))
         return std::make_unique<FileListView>(*list, toolkit);
-    if (auto* add = dynamic_cast<installers::frmAdd*>(&window))
+    if (auto* add = dynamic_cast<windows::frmAdd*>(&window))
         return makeAddView(*add, toolkit);
-    if (auto* tam = dynamic_cast<installers::frmTAM*>(&window))
+    if (auto* tam = dynamic_cast<windows::frmTAM*>(&window))
         return makeTamView(*tam, toolkit);
-    return makeWorkingView(dynamic_cast<utilities::frmWorking&>(window), toolkit);
+    return makeWorkingView(dynamic_cast<windows::frmWorking&>(window), toolkit);
 }
 
 } // namespace views

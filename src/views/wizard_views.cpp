@@ -1,5 +1,5 @@
 // Steps stand one above the other; each is a group with its buttons along its foot.
-#include "views/wizard_views.h"
+#include "wizard_views.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -23,13 +23,13 @@ constexpr int barWidth = 140;
 
 class WizardView : public WindowView {
   public:
-    WizardView(platform::Window& window, QtToolkit& toolkit) : WindowView(window, toolkit) {
+    WizardView(windows::Window& window, QtToolkit& toolkit) : WindowView(window, toolkit) {
         resize(wizardWidth, 0);
     }
 
   protected:
     /// Takes widgets and rows for one step, from top to bottom.
-    QVBoxLayout* step(platform::Frame& frame) {
+    QVBoxLayout* step(windows::Frame& frame) {
         auto* box = new QGroupBox(this);
         bind(frame, box, [this, &frame, box] {
             box->setTitle(shown(frame.text()));
@@ -53,7 +53,7 @@ class WizardView : public WindowView {
         return rows;
     }
     template <typename Field>
-    Field* field(QFormLayout* rows, platform::Label& name, Field* widget) {
+    Field* field(QFormLayout* rows, windows::Label& name, Field* widget) {
         widget->setAccessibleName(shown(name.text()));
         rows->addRow(label(name), widget);
         return widget;
@@ -61,7 +61,7 @@ class WizardView : public WindowView {
 
     /// A field with its label above it.
     template <typename Field>
-    Field* field(QVBoxLayout* column, platform::Label& name, Field* widget) {
+    Field* field(QVBoxLayout* column, windows::Label& name, Field* widget) {
         auto* caption = label(name);
         caption->setBuddy(widget);
         widget->setAccessibleName(shown(name.text()));
@@ -71,7 +71,7 @@ class WizardView : public WindowView {
     }
 
     /// Beside them there is room for news of the step.
-    QHBoxLayout* buttons(QVBoxLayout* column, platform::Button& back, platform::Button& next) {
+    QHBoxLayout* buttons(QVBoxLayout* column, windows::Button& back, windows::Button& next) {
         auto* row = new QHBoxLayout();
         auto* news = new QHBoxLayout();
         news->addStretch();
@@ -104,7 +104,7 @@ class WizardView : public WindowView {
 
 class AddView final : public WizardView {
   public:
-    AddView(installers::frmAdd& window, QtToolkit& toolkit) : WizardView(window, toolkit) {
+    AddView(windows::frmAdd& window, QtToolkit& toolkit) : WizardView(window, toolkit) {
         auto* first = step(window.fraS1);
         auto* rows = form(first);
         auto* type = field(rows, window.lbl1Type, comboBox(window.cbo1Type));
@@ -149,7 +149,7 @@ class AddView final : public WizardView {
 
 class TamView final : public WizardView {
   public:
-    TamView(installers::frmTAM& window, QtToolkit& toolkit) : WizardView(window, toolkit) {
+    TamView(windows::frmTAM& window, QtToolkit& toolkit) : WizardView(window, toolkit) {
         auto* first = step(window.fra1step);
         auto* rows = form(first);
         field(rows, window.lbl1TAMtype, comboBox(window.cbo1TAMtype));
@@ -173,11 +173,11 @@ class TamView final : public WizardView {
 
 } // namespace
 
-std::unique_ptr<WindowView> makeAddView(installers::frmAdd& window, QtToolkit& toolkit) {
+std::unique_ptr<WindowView> makeAddView(windows::frmAdd& window, QtToolkit& toolkit) {
     return std::make_unique<AddView>(window, toolkit);
 }
 
-std::unique_ptr<WindowView> makeTamView(installers::frmTAM& window, QtToolkit& toolkit) {
+std::unique_ptr<WindowView> makeTamView(windows::frmTAM& window, QtToolkit& toolkit) {
     return std::make_unique<TamView>(window, toolkit);
 }
 

@@ -3,13 +3,13 @@
 
 #include <memory>
 
-#include "installers/frmAdd.h"
-#include "installers/frmTAM.h"
+#include "windows/frmAdd.h"
+#include "windows/frmTAM.h"
 #include "views/window_view.h"
 
 namespace views {
 
-std::unique_ptr<WindowView> makeAddView(installers::frmAdd& window, QtToolkit& toolkit);
-std::unique_ptr<WindowView> makeTamView(installers::frmTAM& window, QtToolkit& toolkit);
+std::unique_ptr<WindowView> makeAddView(windows::frmAdd& window, QtToolkit& toolkit);
+std::unique_ptr<WindowView> makeTamView(windows::frmTAM& window, QtToolkit& toolkit);
 
 } // namespace views

@@ -1,5 +1,5 @@
 // A panel without a frame whose marker shows that work goes on.
-#include "views/working_view.h"
+#include "working_view.h"
 
 #include <QPainter>
 #include <QVBoxLayout>
@@ -14,11 +14,11 @@ int pixels(int twips) {
 
 class WorkingView final : public WindowView {
   public:
-    WorkingView(utilities::frmWorking& window, QtToolkit& toolkit)
+    WorkingView(windows::frmWorking& window, QtToolkit& toolkit)
         : WindowView(window, toolkit), panel_(window) {
         setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
-        setFixedSize(pixels(utilities::frmWorking::innerWidth),
-                     pixels(utilities::frmWorking::innerHeight));
+        setFixedSize(pixels(windows::frmWorking::innerWidth),
+                     pixels(windows::frmWorking::innerHeight));
         auto* column = new QVBoxLayout(this);
         column->addStretch();
         for (auto* line : {&window.lblWorking1, &window.lblWorking2}) {
@@ -46,12 +46,12 @@ class WorkingView final : public WindowView {
     }
 
   private:
-    utilities::frmWorking& panel_;
+    windows::frmWorking& panel_;
 };
 
 } // namespace
 
-std::unique_ptr<WindowView> makeWorkingView(utilities::frmWorking& window, QtToolkit& toolkit) {
+std::unique_ptr<WindowView> makeWorkingView(windows::frmWorking& window, QtToolkit& toolkit) {
     return std::make_unique<WorkingView>(window, toolkit);
 }
 

@@ -3,11 +3,11 @@
 
 #include <memory>
 
-#include "utilities/frmWorking.h"
+#include "windows/frmWorking.h"
 #include "views/window_view.h"
 
 namespace views {
 
-std::unique_ptr<WindowView> makeWorkingView(utilities::frmWorking& window, QtToolkit& toolkit);
+std::unique_ptr<WindowView> makeWorkingView(windows::frmWorking& window, QtToolkit& toolkit);
 
 } // namespace views

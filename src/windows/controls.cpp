@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace platform {
+namespace windows {
 
 void Element::setText(std::string text) {
     text_ = std::move(text);
@@ -23,7 +23,7 @@ void Element::setVisible(bool visible) {
 }
 
 Control::Control(Window& owner, std::string name, std::string text)
-    : Element(std::move(name), std::move(text)) {
+    : Element(std::move(name), std::move(text)), window_(owner) {
     owner.controls_.push_back(this);
 }
 
@@ -42,85 +42,9 @@ void TextBox::textReplaced() {
     ++revision_;
 }
 
-void MarkList::clear() {
-    items_.clear();
-    index_ = -1;
-    markedCount_ = 0;
-    ++revision_;
-    changed();
-}
-
-void MarkList::add(std::string text) {
-    items_.push_back({std::move(text), false});
-    ++revision_;
-    changed();
-}
-
-void MarkList::setMarked(int index, bool marked) {
-    if (!has(index) || items_[at(index)].marked == marked)
-        return;
-    items_[at(index)].marked = marked;
-    markedCount_ += marked ? 1 : -1;
-    changed();
-}
-
-const std::string& MarkList::itemText(int index) const {
-    static const std::string none;
-    return has(index) ? items_[at(index)].text : none;
-}
-
-void MarkList::click(int index) {
-    if (!has(index))
-        return;
-    setMarked(index, !marked(index));
-    index_ = index;
-    changed();
-    if (onClick)
-        onClick();
-}
-
-void ListBox::clear() {
-    items_.clear();
-    changed();
-}
-
-void ListBox::add(std::string text, std::string note) {
-    items_.push_back({std::move(text), std::move(note)});
-    changed();
-}
-
-void ComboBox::pick(int index) {
-    if (index < 0 || index >= static_cast<int>(rows_.size()))
-        return;
-    index_ = index;
-    setText(rows_[static_cast<std::size_t>(index)]);
-}
-
-void ComboBox::pick(std::string_view text) {
-    pick(static_cast<int>(std::find(rows_.begin(), rows_.end(), text) - rows_.begin()));
-}
-
 void ProgressBar::setDone(int done) {
     if (std::exchange(done_, done) != done)
         changed();
-}
-
-TabStrip::TabStrip(Window& owner, std::string name, std::vector<std::string> captions)
-    : Control(owner, std::move(name)), captions_(std::move(captions)) {}
-
-void TabStrip::setBadge(int index, Badge badge) {
-    badges_.resize(captions_.size());
-    badges_[static_cast<std::size_t>(index)] = badge;
-    changed();
-}
-
-void TabStrip::click(int index) {
-    if (index < 0 || index >= static_cast<int>(captions_.size()))
-        return;
-    index_ = index;
-    changed();
-    if (onClick)
-        onClick();
 }
 
 MenuItem::MenuItem(Window& owner, const Menu& menu, std::string name, std::string caption,
@@ -171,4 +95,4 @@ void Window::setResting(bool resting) {
     changed();
 }
 
-} // namespace platform
+} // namespace windows

@@ -1,9 +1,11 @@
 // The session runner's own rules: which lines count, which box takes which answer, what cannot be
 // carried out.
+#include <sstream>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/game.h"
+#include "support/play.h"
 
 namespace {
 
@@ -67,7 +69,7 @@ TEST(SessionRunner, an_answer_that_a_box_does_not_know_is_a_bad_line) {
 TEST(SessionRunner, a_program_that_asks_without_end_is_stopped) {
     const Game game;
     std::string journal = "MKDIRS\r\nMOVES\r\n";
-    for (int i = 0; i < platform::headless::mostBoxesInARow - 1; ++i)
+    for (int i = 0; i < headless::mostBoxesInARow - 1; ++i)
         journal += "a\r\nb\r\n";
     game.put("Vexillum/VXL-Changes/Internal.txt", journal);
     EXPECT_FALSE(play(game, "").boxesWithoutEnd);
@@ -90,6 +92,39 @@ TEST(SessionRunner, a_windows_program_is_started_through_wine) {
     game.put("totala.exe", "MZ...");
     EXPECT_THAT(fieldOf(play(game, "click cmdGo\n"), "start", "command"),
                 ElementsAre("wine " + game.folder() + "/totala.exe"));
+}
+
+TEST(SessionRunner, a_box_tells_its_default_button_and_its_reason_where_it_has_them) {
+    const struct {
+        windows::MessageBox box;
+        const char* script;
+        const char* event;
+    } rows[] = {
+        {{"Text", "Title", {"OK"}},
+         "answer No",
+         R"({"event":"message","text":"Text","title":"Title","buttons":["OK"],"answer":"OK"})"},
+        {{"A\r\nB", "Title", {"Yes", "No"}, false, 1, "Disk\r\nfull"},
+         "",
+         R"({"event":"message","text":"A\nB","title":"Title","buttons":["Yes","No"],)"
+         R"("answer":"No","default":"No","detail":"Disk\nfull"})"},
+        {{"Text", "Title", {"Yes", "No"}, true, 1},
+         "answer Yes *",
+         R"({"event":"message","text":"Text","title":"Title","buttons":["Yes","No"],)"
+         R"("answer":"Yes","default":"No"})"},
+        {{"Text", "Title", {"Yes", "No"}, true, 1},
+         "answer  *",
+         R"({"event":"message","text":"Text","title":"Title","buttons":["Yes","No"],)"
+         R"("answer":"No","default":"No"})"},
+    };
+    for (const auto& row : rows) {
+        std::istringstream lines(row.script);
+        headless::Script script(lines);
+        std::string told;
+        headless::SessionToolkit toolkit(script, [&](const auto& event) { told = event.dump(); });
+        const auto answer = toolkit.showMessage(row.box);
+        EXPECT_EQ(told, row.event);
+        EXPECT_EQ(answer.sameForRest, std::string(row.script).ends_with("*"));
+    }
 }
 
 } // namespace

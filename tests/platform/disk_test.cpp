@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "platform/failure.h"
+#include "platform/disk.h"
 #include "support/game.h"
 
 namespace platform {

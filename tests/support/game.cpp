@@ -1,4 +1,4 @@
-// Test game directories and the sessions played in them.
+// Test game directories.
 #include "support/game.h"
 
 #include <algorithm>
@@ -7,8 +7,6 @@
 #include <sstream>
 
 #include <unistd.h>
-
-#include "engine/frmMain.h"
 
 namespace test {
 
@@ -101,41 +99,6 @@ std::string differences(const Tree& before, const Tree& after) {
     list(before, after, "before: ");
     list(after, before, "after:  ");
     return text;
-}
-
-Session play(const Game& game, const std::string& script, const Play& how) {
-    using namespace platform;
-    Session session;
-    const headless::Transcript transcript = [&session](const Event& event) {
-        session.events.push_back(event);
-    };
-    std::istringstream lines(script);
-    headless::Script actions(lines);
-    headless::SessionToolkit toolkit(actions, transcript);
-    const auto own = makeDisk();
-    auto& disk = how.disk != nullptr ? *how.disk : *own;
-    headless::RecordedPrograms programs(disk, transcript);
-    engine::frmMain main({disk, toolkit, programs, game.folder(), "", how.commandLine});
-    try {
-        main.run();
-        session.endedItself = true;
-    } catch (const headless::ScriptEnd&) {
-        // The machine was switched off.
-    } catch (const headless::BadLine& line) {
-        session.badLine = line.what();
-    } catch (const headless::TooManyBoxes&) {
-        session.boxesWithoutEnd = true;
-    }
-    return session;
-}
-
-std::vector<std::string> fieldOf(const Session& session, std::string_view event,
-                                 const std::string& field) {
-    std::vector<std::string> values;
-    for (const auto& each : session.events)
-        if (each["event"] == event)
-            values.push_back(each[field].get<std::string>());
-    return values;
 }
 
 } // namespace test

@@ -1,21 +1,15 @@
-// A game directory of its own for each test, and the program played in it.
+// A game directory of its own for each test.
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/disk.h"
-#include "headless/session.h"
-
 namespace test {
 
-using Event = platform::headless::Event;
 using Tree = std::map<std::string, std::string>; ///< path with "/", content
 
 /// A fresh directory with the data tree that a new game directory gets and a `totala.exe`. Gone
@@ -47,26 +41,5 @@ class Game {
 
 /// What a tree has that another has not or has otherwise, a line for each; empty for equal trees.
 std::string differences(const Tree& before, const Tree& after);
-
-/// How a session is played, beside its script.
-struct Play {
-    std::string commandLine;
-    /// The disk that the program gets; the machine's own if there is none.
-    platform::Disk* disk = nullptr;
-};
-
-/// What cut a session short, or how it ended.
-struct Session {
-    std::vector<Event> events;
-    bool endedItself = false;
-    std::optional<std::string> badLine;
-    bool boxesWithoutEnd = false;
-};
-
-Session play(const Game& game, const std::string& script, const Play& how = {});
-
-/// The events of one kind, by one of their fields.
-std::vector<std::string> fieldOf(const Session& session, std::string_view event,
-                                 const std::string& field);
 
 } // namespace test

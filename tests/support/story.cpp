@@ -13,6 +13,9 @@
 //   #: plain                 every file is as it was before the first session
 #include "support/story.h"
 
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <utility>
@@ -22,7 +25,8 @@
 #include "platform/text.h"
 #include "support/archive_writer.h"
 #include "support/faulty_disk.h"
-#include "support/game.h"
+#include "support/play.h"
+#include "support/story_lines.h"
 
 namespace test {
 namespace {
@@ -35,68 +39,10 @@ struct Expectation {
     std::string where;
 };
 
-bool matches(std::string_view pattern, std::string_view text) {
-    const auto gap = pattern.find("...");
-    if (gap == std::string_view::npos)
-        return pattern == text;
-    if (!text.starts_with(pattern.substr(0, gap)))
-        return false;
-    const auto rest = pattern.substr(gap + 3);
-    for (auto at = gap; at <= text.size(); ++at)
-        if (matches(rest, text.substr(at)))
-            return true;
-    return false;
-}
-
-std::string told(const Event& value) {
-    return value.is_null() ? "(cancelled)" : value.get<std::string>();
-}
-
-/// An event as one line of a story.
-std::string lineOf(const Event& event, const std::string& folder) {
-    const auto kind = event["event"].get<std::string>();
-    std::string line = kind + " ";
-    if (kind == "show")
-        line += told(event["window"]) + " " + told(event["title"]) +
-                (event["modal"].get<bool>() ? " (modal)" : "");
-    else if (kind == "hide")
-        line += told(event["window"]);
-    else if (kind == "log" || kind == "clipboard")
-        line += told(event[kind == "log" ? "line" : "text"]);
-    else if (kind == "message")
-        line += told(event["text"]) +
-                (event["buttons"].size() > 1 ? " -> " + told(event["answer"]) : "");
-    else if (kind == "input")
-        line +=
-            told(event["text"]) + " [" + told(event["preset"]) + "] -> " + told(event["answer"]);
-    else if (kind == "file-dialog")
-        line += told(event["title"]) + " -> " + told(event["answer"]);
-    else if (kind == "start")
-        line += told(event["command"]) + " " + told(event["window"]);
-    return replaceAll(replaceAll(line, "\n", "\\n"), folder, "GAME");
-}
-
-/// Windows and log lines may go untold in a story, questions and programs never.
-bool mayGoUntold(const Event& event) {
-    const auto kind = event["event"].get<std::string>();
-    return kind == "show" || kind == "hide" || kind == "log";
-}
-
-std::string stateText(const Event& state, const std::string& field) {
-    if (field == "items") {
-        std::string items;
-        for (const auto& item : state["items"])
-            items += (items.empty() ? "" : ", ") + item["text"].get<std::string>() +
-                     (item["marked"].get<bool>() ? "*" : "");
-        return items;
-    }
-    const auto& value = state[field];
-    return value.is_string() ? replaceAll(value.get<std::string>(), "\n", "\\n") : value.dump();
-}
-
 class Story {
   public:
-    explicit Story(std::string file) : file_(std::move(file)) {}
+    Story(std::string file, MakeToolkit makeToolkit)
+        : file_(std::move(file)), makeToolkit_(std::move(makeToolkit)) {}
 
     void play() {
         std::ifstream lines(file_);
@@ -229,7 +175,7 @@ class Story {
         });
         Session session;
         try {
-            session = test::play(game_, script_, {commandLine_, &faulty});
+            session = test::play(game_, script_, {commandLine_, &faulty, makeToolkit_});
         } catch (const PowerCut&) {
             return;
         }
@@ -291,6 +237,7 @@ class Story {
     }
 
     std::string file_;
+    MakeToolkit makeToolkit_;
     int lineNumber_ = 0;
     Game game_;
     Tree before_;
@@ -307,8 +254,24 @@ class Story {
 
 } // namespace
 
-void playStory(const std::string& file) {
-    Story(file).play();
+std::vector<std::string> stories() {
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(VEXILLUM_SESSIONS))
+        if (entry.path().extension() == ".session")
+            files.push_back(entry.path().string());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+std::string storyName(const testing::TestParamInfo<std::string>& file) {
+    auto name = std::filesystem::path(file.param).stem().string();
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
+    return name;
+}
+
+void playStory(const std::string& file, const MakeToolkit& makeToolkit) {
+    Story(file, makeToolkit).play();
 }
 
 } // namespace test

@@ -1,88 +1,20 @@
 // The real windows without a screen: what a person clicks and types reaches the logic, and what the
 // logic sets is seen.
-#include <functional>
-
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QDropEvent>
-#include <QFileDialog>
-#include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
-#include <QListWidget>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTabBar>
-#include <QTimer>
 
-#include <gtest/gtest.h>
-
-#include "engine/frmMain.h"
-#include "headless/session.h"
-#include "support/game.h"
-#include "views/qt_toolkit.h"
+#include "views/support/window_test.h"
 
 namespace {
 
-template <typename Widget>
-Widget* find(const char* name) {
-    for (auto* window : QApplication::topLevelWidgets())
-        if (window->objectName() == name)
-            return qobject_cast<Widget*>(window);
-        else if (auto* widget = window->findChild<Widget*>(name))
-            return widget;
-    return nullptr;
-}
-
-void key(QWidget* widget, int code, const QString& text = {}) {
-    QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
-    QApplication::sendEvent(widget, &press);
-}
-
-/// Plays one step each time that the windows come to rest, then lets the session stop.
-class WindowTest : public testing::Test {
-  protected:
-    void run(std::vector<std::function<void()>> steps) {
-        views::QtToolkit toolkit;
-        const auto disk = platform::makeDisk();
-        platform::headless::RecordedPrograms programs(
-            *disk, [this](const auto& event) { started.push_back(event["command"]); });
-        engine::frmMain main({*disk, toolkit, programs, game.folder(), "", ""});
-        window = &main;
-        std::size_t next = 0;
-        QTimer clock;
-        QObject::connect(&clock, &QTimer::timeout, [&] {
-            const auto* log = find<QWidget>("frmShowReadme");
-            if (next == 0 && (main.resting() || (log != nullptr && log->isVisible()) ||
-                              main.lstList.count() == 0))
-                return;
-            if (next < steps.size())
-                steps[next++]();
-        });
-        clock.start(40);
-        main.run();
-        EXPECT_EQ(next, steps.size());
-    }
-
-    static void chooseTab(int index) {
-        auto* tabs = find<QTabBar>("tspMain");
-        Q_EMIT tabs->tabBarClicked(index);
-    }
-    static void clickRow(int row) {
-        auto* list = find<QListView>("lstList");
-        Q_EMIT list->clicked(list->model()->index(row, 0));
-    }
-
-    test::Game game;
-    engine::frmMain* window = nullptr;
-    std::vector<std::string> started;
-};
+using test::find;
+using test::key;
+using test::WindowTest;
 
 TEST_F(WindowTest, a_map_is_ticked_and_launched_through_the_widgets) {
     game.put("Vexillum/Map-New/maps/a.ota", "new");
@@ -282,101 +214,6 @@ TEST_F(WindowTest, keys_reach_tabs_and_buttons) {
     EXPECT_EQ(started[1], game.folder() + "/totala.exe");
 }
 
-void typeInto(const char* name, const QString& text) {
-    auto* edit = find<QLineEdit>(name);
-    edit->setFocus();
-    for (const auto letter : text)
-        key(edit, 0, letter);
-}
-
-TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
-    // Its text is in an encoding that is no UTF-8, and must stay so unless the user changes it.
-    game.put("Vexillum/Map-Old/info.txt", "Sch\xF6n");
-    game.put("dropped/maps/a.ota", "a");
-    run({
-        [] { chooseTab(4); },
-        [] { find<QPushButton>("cmdAdd")->click(); },
-        [this] {
-            auto* wizard = find<QWidget>("frmAdd");
-            ASSERT_NE(wizard, nullptr);
-            EXPECT_EQ(wizard->windowTitle(), "Add A Map");
-            EXPECT_EQ(find<QComboBox>("cbo1Type")->currentText(), "Map");
-            EXPECT_FALSE(find<QGroupBox>("fraS2")->isVisible());
-            typeInto("txt1Name", "Old");
-            EXPECT_EQ(find<QPlainTextEdit>("txt1About")->toPlainText(), "");
-            find<QPlainTextEdit>("txt1About")->setFocus();
-        },
-        [] {
-            EXPECT_EQ(find<QPlainTextEdit>("txt1About")->toPlainText(), "Schön\n");
-            key(find<QLineEdit>("txt1Name"), Qt::Key_Return);
-        },
-        [this] {
-            EXPECT_TRUE(find<QGroupBox>("fraS2")->isVisible());
-            EXPECT_FALSE(find<QLineEdit>("txt1Name")->isEnabled());
-            EXPECT_EQ(find<QLineEdit>("txt2Where")->text().toStdString(),
-                      game.folder() + "/Vexillum/Map-Old");
-            QMimeData files;
-            files.setUrls(
-                {QUrl::fromLocalFile(QString::fromStdString(game.folder() + "/dropped/maps"))});
-            QDragEnterEvent enter({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(find<QWidget>("frmAdd"), &enter);
-            EXPECT_TRUE(enter.isAccepted());
-            QDropEvent drop({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(find<QWidget>("frmAdd"), &drop);
-        },
-        [] {
-            EXPECT_EQ(find<QLabel>("lbl2Files")->text(), "1 file copied.");
-            key(find<QWidget>("frmAdd"), Qt::Key_Escape);
-        },
-        [] {
-            auto* box = find<QMessageBox>("messageBox");
-            ASSERT_NE(box, nullptr);
-            box->buttons().front()->click();
-        },
-    });
-    EXPECT_EQ(game.content("Vexillum/Map-Old/info.txt"), "Sch\xF6n\r\n\r\n");
-    EXPECT_EQ(game.content("Vexillum/Map-Old/maps/a.ota"), "a");
-}
-
-TEST_F(WindowTest, a_tam_release_is_imported) {
-    game.put("pack/small.pac", "Small\r\nText\r\nunit\r\n");
-    run({
-        [] { find<QWidget>("frmMain")->findChild<QAction*>("mnuUconverter")->trigger(); },
-        [] { find<QMessageBox>("messageBox")->buttons().front()->click(); },
-        [] {
-            for (const auto* name : {"cbo1TAMtype", "cbo1VXLtype"}) {
-                auto* combo = find<QComboBox>(name);
-                EXPECT_EQ(combo->currentText(), "");
-                combo->setCurrentIndex(5);
-                Q_EMIT combo->activated(5);
-            }
-            find<QWidget>("frmTAM")->findChild<QPushButton*>("cmd1Next")->click();
-        },
-        [] {
-            EXPECT_EQ(find<QLineEdit>("txt2Loc")->text(), "TAM Unit Pack (*.pac)");
-            find<QPushButton>("cmd2Browse")->click();
-        },
-        [this] {
-            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            EXPECT_EQ(dialog->windowTitle(), "Select TAM Unit Pack Data File:");
-            EXPECT_EQ(dialog->nameFilters(), QStringList("TAM Unit Pack (*.pac)"));
-            dialog->findChild<QLineEdit*>("fileNameEdit")
-                ->setText(QString::fromStdString(game.folder() + "/pack/small.pac"));
-            static_cast<QDialog*>(dialog)->accept();
-        },
-        [] { find<QWidget>("frmTAM")->findChild<QPushButton*>("cmd2Next")->click(); },
-        [] {
-            auto* list = find<QListWidget>("lst3files");
-            ASSERT_EQ(list->count(), 2);
-            EXPECT_EQ(list->item(1)->text(), "\\Vexillum\\Unit-Small\\unit.ufo   (not found)");
-            find<QWidget>("frmTAM")->findChild<QPushButton*>("cmd3next")->click();
-        },
-        [] { find<QWidget>("frmMain")->close(); },
-    });
-    EXPECT_EQ(game.content("Vexillum/Unit-Small/info.txt"), "Text\r\n");
-}
-
 TEST_F(WindowTest, every_control_has_its_widget_by_its_name) {
     run({[this] {
         for (const auto* control : window->controls()) {
@@ -389,10 +226,3 @@ TEST_F(WindowTest, every_control_has_its_widget_by_its_name) {
 }
 
 } // namespace
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

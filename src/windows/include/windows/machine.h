@@ -7,15 +7,15 @@
 #include "platform/programs.h"
 #include "windows/toolkit.h"
 
-namespace platform {
+namespace windows {
 
 struct Machine {
-    Disk& disk;
+    platform::Disk& disk;
     Toolkit& toolkit;
-    Programs& programs;
+    platform::Programs& programs;
     std::string programFolder; ///< where the program lies, in the system's form
     std::string programName;   ///< its file's name there, or empty where there is none
     std::string commandLine;   ///< all behind the program's name, as one string
 };
 
-} // namespace platform
+} // namespace windows

@@ -8,13 +8,15 @@
 
 #include "windows/controls.h"
 
-namespace platform {
+namespace windows {
 
 struct MessageBox {
     std::string text;
     std::string title;
-    std::vector<std::string> buttons; ///< the first one is the default
-    bool offersSameForRest = false;   ///< shows the check "Do the same for the rest"
+    std::vector<std::string> buttons;
+    bool offersSameForRest = false; ///< shows the check "Do the same for the rest"
+    std::size_t defaultButton = 0;  ///< the place among the buttons of the one that Enter presses
+    std::string detail = {};        ///< a reason, shown below the text
 };
 
 struct MessageAnswer {
@@ -34,8 +36,11 @@ struct FileDialog {
     std::string folder; ///< where it starts, in the system's form
 };
 
-/// Shows windows and asks questions. Events of the user reach the logic only out of the calls below
-/// that say so, never at another time and never through a frame of the toolkit's own.
+/// Shows windows and asks questions. What the user does reaches the logic only where it waits for
+/// him, in waitForUser and showModal, and never through a frame of the toolkit's own. What he does
+/// elsewhere is noted where a wish belongs to it (`Button::wish`, `Window::closeWish`), dropped
+/// where window or control takes no input then, and kept otherwise: it runs when the program next
+/// waits, if window and control still take input by then and the list clicked was not refilled.
 class Toolkit {
   public:
     Toolkit() = default;
@@ -43,13 +48,15 @@ class Toolkit {
     Toolkit(const Toolkit&) = delete;
     Toolkit& operator=(const Toolkit&) = delete;
 
-    /// Called by the owner before a window is first shown and when it goes.
+    /// Called by the owner before a window is first shown and when it goes. With a window go the
+    /// actions kept for it and the ticks of its timers.
     virtual void load(Window& window) = 0;
     virtual void unload(Window& window) = 0;
 
     virtual void show(Window& window) = 0;
     virtual void hide(Window& window) = 0;
-    /// Shows a window and handles events until it is hidden. Other windows rest meanwhile.
+    /// Shows a window and handles what the user does until it is hidden. Windows below it take no
+    /// input meanwhile.
     virtual void showModal(Window& window) = 0;
 
     virtual MessageAnswer showMessage(const MessageBox& box) = 0;
@@ -61,15 +68,17 @@ class Toolkit {
     virtual std::optional<std::string> askForFolder(const FileDialog& dialog) = 0;
     virtual void setClipboard(const std::string& text) = 0;
 
-    /// Lets pending events run. Cheap enough for the inside of any loop.
+    /// Paints, lets timers tick and notes wishes; no action of the user runs. Cheap enough for the
+    /// inside of any loop.
     virtual void doEvents() = 0;
-    /// Waits for the next event of the user and handles it.
+    /// Waits for the next action of the user and runs it.
     virtual void waitForUser() = 0;
-    /// Waits for the next event, of a timer above all, and handles it.
+    /// Waits for the next tick of a timer or wish of the user, and else does what doEvents does. It
+    /// may come back without either.
     virtual void waitForTimer() = 0;
 
     /// A line has been added to the log window, or its first text has been set.
     virtual void logged(const std::string& line) = 0;
 };
 
-} // namespace platform
+} // namespace windows

@@ -24,11 +24,11 @@ class Refresher {
     std::vector<Binding*> dirty_;
 };
 
-class Binding final : public platform::View {
+class Binding final : public windows::View {
   public:
     /// `refresh` copies the element's state to its widget. It runs with the next flush, and again
     /// after each change.
-    Binding(Refresher& refresher, platform::Element& element, std::function<void()> refresh);
+    Binding(Refresher& refresher, windows::Element& element, std::function<void()> refresh);
     ~Binding() override;
 
     void changed() override;
@@ -36,7 +36,7 @@ class Binding final : public platform::View {
 
   private:
     Refresher& refresher_;
-    platform::Element& element_;
+    windows::Element& element_;
     std::function<void()> refresh_;
     bool dirty_ = false;
 };

@@ -1,0 +1,176 @@
+// The widget of each kind of control.
+#include <QComboBox>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QTimer>
+
+#include "cut_text_tip.h"
+#include "mark_list_view.h"
+#include "views/qt_toolkit.h"
+#include "tab_badges.h"
+#include "text_follower.h"
+#include "views/window_view.h"
+
+namespace views {
+namespace {
+
+windows::Action chooseTab(windows::TabStrip& control, int tab) {
+    return windows::choose(control, control.captions()[static_cast<std::size_t>(tab)]);
+}
+
+} // namespace
+
+QLabel* WindowView::label(windows::Label& control, bool heading) {
+    auto* widget = new QLabel(this);
+    widget->setTextFormat(Qt::PlainText);
+    widget->setProperty("heading", heading);
+    // A long release name must not set the width of the window.
+    widget->setSizePolicy(heading ? QSizePolicy::Ignored : QSizePolicy::Preferred,
+                          QSizePolicy::Fixed);
+    tipWhereCut(widget);
+    bind(control, widget, [&control, widget] { widget->setText(shown(control.text())); });
+    return widget;
+}
+
+QPushButton* WindowView::link(windows::Label& control) {
+    auto* widget = new QPushButton(this);
+    widget->setProperty("link", true);
+    widget->setFlat(true);
+    widget->setCursor(Qt::PointingHandCursor);
+    bind(control, widget, [&control, widget] { widget->setText(shown(control.text())); });
+    connect(widget, &QPushButton::clicked, this,
+            [this, &control] { post(windows::press(control)); });
+    return widget;
+}
+
+QPushButton* WindowView::button(windows::Button& control) {
+    auto* widget = new QPushButton(this);
+    widget->setAutoDefault(false);
+    tipWhereCut(widget);
+    bind(control, widget, [&control, widget] {
+        widget->setText(shown(control.text()).replace("&", "&&"));
+        widget->setAccessibleName(shown(control.text()).replace("\n", " "));
+    });
+    connect(widget, &QPushButton::clicked, this,
+            [this, &control] { post(windows::press(control)); });
+    return widget;
+}
+
+QLineEdit* WindowView::lineEdit(windows::TextBox& control) {
+    auto* widget = new QLineEdit(this);
+    widget->setReadOnly(control.readOnly());
+    tipWhereCut(widget);
+    bind(control, widget, [&control, widget] {
+        if (const auto text = shown(control.text()); widget->text() != text) {
+            widget->setText(text);
+            widget->setCursorPosition(0);
+        }
+    });
+    // What is typed is state, not an event: the logic looks at it when a button is pressed.
+    connect(widget, &QLineEdit::textEdited, this,
+            [&control](const QString& text) { control.setText(entered(text)); });
+    watchLeaving(control, widget);
+    return widget;
+}
+
+QPlainTextEdit* WindowView::textEdit(windows::TextBox& control) {
+    auto* widget = new QPlainTextEdit(this);
+    widget->setReadOnly(control.readOnly());
+    widget->setTabChangesFocus(true);
+    widget->setUndoRedoEnabled(!control.readOnly());
+    if (control.readOnly())
+        widget->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    connect(widget, &QPlainTextEdit::textChanged, this, [&control, widget] {
+        if (!control.readOnly())
+            control.setText(entered(widget->toPlainText()));
+    });
+    watchLeaving(control, widget);
+    bind(control, widget,
+         [follow = std::make_shared<TextFollower>(control, widget)] { (*follow)(); });
+    return widget;
+}
+
+QTabBar* WindowView::tabBar(windows::TabStrip& control) {
+    auto* widget = new QTabBar(this);
+    widget->setExpanding(false);
+    widget->setDrawBase(false);
+    widget->setUsesScrollButtons(true);
+    for (const auto& caption : control.captions())
+        widget->addTab(shown(caption));
+    bind(control, widget, [&control, widget] {
+        const QSignalBlocker quiet(widget);
+        widget->setCurrentIndex(control.index());
+        showBadges(*widget, control);
+    });
+    // A click on the current tab counts too, so the change alone is not what is listened to.
+    connect(widget, &QTabBar::tabBarClicked, this, [this, &control](int tab) {
+        if (tab >= 0)
+            post(chooseTab(control, tab));
+    });
+    // Keys, the wheel and screen readers change it without a click; after a click it is done
+    // already.
+    connect(widget, &QTabBar::currentChanged, this, [this, &control](int tab) {
+        auto change = chooseTab(control, tab);
+        change.stillMeant = [&control, tab] { return tab != control.index(); };
+        post(std::move(change));
+    });
+    return widget;
+}
+
+MarkListView* WindowView::markList(windows::MarkList& control) {
+    const auto click = [this, &control](const std::string& text, unsigned revision) {
+        post(windows::click(control, text, revision));
+    };
+    auto* widget = new MarkListView(control, click, this);
+    bind(control, widget, [widget] { widget->follow(); });
+    return widget;
+}
+
+QComboBox* WindowView::comboBox(windows::ComboBox& control) {
+    auto* widget = new QComboBox(this);
+    for (const auto& row : control.rows())
+        widget->addItem(shown(row));
+    bind(control, widget, [&control, widget] { widget->setCurrentIndex(control.index()); });
+    connect(widget, &QComboBox::activated, this, [this, &control](int row) {
+        post(windows::choose(control, control.rows()[static_cast<std::size_t>(row)]));
+    });
+    return widget;
+}
+
+QListWidget* WindowView::listBox(windows::ListBox& control) {
+    auto* widget = new QListWidget(this);
+    widget->setSelectionMode(QAbstractItemView::NoSelection);
+    bind(control, widget, [&control, widget] {
+        widget->clear();
+        for (const auto& item : control.items()) {
+            const auto text = shown(item.text);
+            const auto note = item.note.empty() ? "" : "   (" + shown(item.note) + ")";
+            auto* row = new QListWidgetItem(text + note, widget);
+            if (!item.note.empty())
+                row->setForeground(widget->palette().color(QPalette::PlaceholderText));
+        }
+    });
+    return widget;
+}
+
+QProgressBar* WindowView::progressBar(windows::ProgressBar& control) {
+    auto* widget = new QProgressBar(this);
+    widget->setRange(0, windows::ProgressBar::whole);
+    widget->setAccessibleName("Copying");
+    bind(control, widget, [&control, widget] { widget->setValue(control.done()); });
+    return widget;
+}
+
+void WindowView::timer(windows::Timer& control) {
+    auto* ticker = new QTimer(this);
+    ticker->setObjectName(QString::fromStdString(control.name()));
+    connect(ticker, &QTimer::timeout, this, [this, &control] { toolkit_.postTick(control); });
+    addBinding(control, [&control, ticker] {
+        if (!control.enabled())
+            ticker->stop();
+        else if (!ticker->isActive() || ticker->interval() != control.interval())
+            ticker->start(control.interval());
+    });
+}
+
+} // namespace views

@@ -1,0 +1,80 @@
+// What the views of all windows share: widgets made for controls and tied to them.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QWidget>
+
+#include "views/binding.h"
+#include "windows/actions.h"
+
+class QComboBox;
+class QListWidget;
+class QProgressBar;
+
+namespace views {
+
+class MarkListView;
+class QtToolkit;
+
+/// One window of the logic on the screen. Makes a widget for each control, named as the control is,
+/// and passes what the user does to the toolkit, which hands it to the logic in its own time. A
+/// resting window greys its controls, save those that have a wish.
+class WindowView : public QWidget {
+    Q_OBJECT
+
+  public:
+    WindowView(windows::Window& window, QtToolkit& toolkit);
+
+  protected:
+    QLabel* label(windows::Label& control, bool heading = false);
+    QPushButton* link(windows::Label& control);
+    QPushButton* button(windows::Button& control);
+    QLineEdit* lineEdit(windows::TextBox& control);
+    QPlainTextEdit* textEdit(windows::TextBox& control);
+    QTabBar* tabBar(windows::TabStrip& control);
+    QComboBox* comboBox(windows::ComboBox& control);
+    QListWidget* listBox(windows::ListBox& control);
+    QProgressBar* progressBar(windows::ProgressBar& control);
+    MarkListView* markList(windows::MarkList& control);
+    void timer(windows::Timer& control);
+
+    /// Ties a widget's text, state and visibility to a control's.
+    void bind(windows::Control& control, QWidget* widget, std::function<void()> showText);
+    void addBinding(windows::Element& element, std::function<void()> refresh);
+    /// Hands on what the user did.
+    void post(windows::Action action);
+    /// Whether the control's widget is to look as if it could be used.
+    bool takesInput(const windows::Control& control) const;
+    /// A widget that is no control's and rests with the window.
+    void restToo(QWidget* widget) { restToo_.push_back(widget); }
+
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+    windows::Window& window_;
+    QtToolkit& toolkit_;
+
+  private:
+    void showRest(bool rests);
+    /// Tells the logic when the user leaves a box for another control.
+    void watchLeaving(windows::TextBox& control, QWidget* widget);
+    void pressDefaultButton();
+
+    std::vector<std::unique_ptr<Binding>> bindings_;
+    std::vector<QWidget*> restToo_;
+    bool rests_ = false;
+};
+
+std::unique_ptr<WindowView> makeView(windows::Window& window, QtToolkit& toolkit);
+
+} // namespace views

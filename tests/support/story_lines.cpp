@@ -1,0 +1,77 @@
+// Events and states as the lines of a story tell them.
+#include "support/story_lines.h"
+
+#include "platform/text.h"
+
+namespace test {
+
+using platform::replaceAll;
+
+bool matches(std::string_view pattern, std::string_view text) {
+    const auto gap = pattern.find("...");
+    if (gap == std::string_view::npos)
+        return pattern == text;
+    if (!text.starts_with(pattern.substr(0, gap)))
+        return false;
+    const auto rest = pattern.substr(gap + 3);
+    for (auto at = gap; at <= text.size(); ++at)
+        if (matches(rest, text.substr(at)))
+            return true;
+    return false;
+}
+
+namespace {
+
+std::string told(const Event& value) {
+    return value.is_null() ? "(cancelled)" : value.get<std::string>();
+}
+
+std::string messageLine(const Event& event) {
+    return told(event["text"]) + (event.contains("detail") ? " | " + told(event["detail"]) : "") +
+           (event["buttons"].size() > 1 ? " -> " + told(event["answer"]) : "");
+}
+
+} // namespace
+
+std::string lineOf(const Event& event, const std::string& folder) {
+    const auto kind = event["event"].get<std::string>();
+    std::string line = kind + " ";
+    if (kind == "show")
+        line += told(event["window"]) + " " + told(event["title"]) +
+                (event["modal"].get<bool>() ? " (modal)" : "");
+    else if (kind == "hide")
+        line += told(event["window"]);
+    else if (kind == "log" || kind == "refused")
+        line += told(event["line"]);
+    else if (kind == "clipboard")
+        line += told(event["text"]);
+    else if (kind == "message")
+        line += messageLine(event);
+    else if (kind == "input")
+        line +=
+            told(event["text"]) + " [" + told(event["preset"]) + "] -> " + told(event["answer"]);
+    else if (kind == "file-dialog")
+        line += told(event["title"]) + " -> " + told(event["answer"]);
+    else if (kind == "start")
+        line += told(event["command"]) + " " + told(event["window"]);
+    return replaceAll(replaceAll(line, "\n", "\\n"), folder, "GAME");
+}
+
+bool mayGoUntold(const Event& event) {
+    const auto kind = event["event"].get<std::string>();
+    return kind == "show" || kind == "hide" || kind == "log";
+}
+
+std::string stateText(const Event& state, const std::string& field) {
+    if (field == "items") {
+        std::string items;
+        for (const auto& item : state["items"])
+            items += (items.empty() ? "" : ", ") + item["text"].get<std::string>() +
+                     (item["marked"].get<bool>() ? "*" : "");
+        return items;
+    }
+    const auto& value = state[field];
+    return value.is_string() ? replaceAll(value.get<std::string>(), "\n", "\\n") : value.dump();
+}
+
+} // namespace test

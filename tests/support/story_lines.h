@@ -1,0 +1,23 @@
+// What a story says of an event or a state, in one line.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "support/play.h"
+
+namespace test {
+
+/// "..." in the pattern stands for any text.
+bool matches(std::string_view pattern, std::string_view text);
+
+/// An event as one line; `folder` is called GAME in it.
+std::string lineOf(const Event& event, const std::string& folder);
+
+/// Windows and log lines may go untold in a story, questions and programs never.
+bool mayGoUntold(const Event& event);
+
+/// One field of a control's state.
+std::string stateText(const Event& state, const std::string& field);
+
+} // namespace test

@@ -1,0 +1,115 @@
+// Events are sent to the widgets, which do with them what they do with a person's.
+#include "views/support/widget_hands.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QTabBar>
+
+#include <gtest/gtest.h>
+
+#include "views/binding.h"
+
+namespace test {
+namespace {
+
+template <typename Widget>
+Widget* of(const headless::Gesture& gesture, const QWidget& view) {
+    auto* widget = view.findChild<Widget*>(QString::fromStdString(gesture.control->name()));
+    EXPECT_NE(widget, nullptr) << gesture.control->name() << " has no such widget";
+    return widget;
+}
+
+void press(const headless::Gesture& gesture, const QWidget& view) {
+    if (dynamic_cast<windows::MenuItem*>(gesture.control) != nullptr) {
+        if (auto* action = of<QAction>(gesture, view))
+            action->trigger();
+    } else if (auto* button = of<QAbstractButton>(gesture, view)) {
+        click(button, button->rect().center());
+    }
+}
+
+void chooseTab(const headless::Gesture& gesture, const QWidget& view) {
+    auto* tabs = of<QTabBar>(gesture, view);
+    for (int tab = 0; tabs != nullptr && tab < tabs->count(); ++tab)
+        if (tabs->tabText(tab) == views::shown(gesture.text))
+            return click(tabs, tabs->tabRect(tab).center());
+}
+
+void clickRow(const headless::Gesture& gesture, const QWidget& view) {
+    auto* list = of<QListView>(gesture, view);
+    for (int row = 0; list != nullptr && row < list->model()->rowCount(); ++row) {
+        const auto index = list->model()->index(row, 0);
+        if (index.data().toString() != views::shown(gesture.text))
+            continue;
+        list->scrollTo(index);
+        return click(list->viewport(), list->visualRect(index).center());
+    }
+}
+
+void pickRow(const headless::Gesture& gesture, const QWidget& view) {
+    auto* box = of<QComboBox>(gesture, view);
+    if (box == nullptr)
+        return;
+    box->showPopup();
+    box->view()->setCurrentIndex(box->model()->index(box->findText(views::shown(gesture.text)), 0));
+    key(box->view(), Qt::Key_Return);
+}
+
+/// Enters the box, types over what stands there, and leaves with the tabulator key.
+void type(const headless::Gesture& gesture, const QWidget& view) {
+    auto* box = of<QWidget>(gesture, view);
+    if (box == nullptr)
+        return;
+    box->setFocus(Qt::TabFocusReason);
+    if (auto* line = qobject_cast<QLineEdit*>(box))
+        line->selectAll();
+    else if (auto* lines = qobject_cast<QPlainTextEdit*>(box))
+        lines->selectAll();
+    key(box, Qt::Key_Delete);
+    for (const auto& letter : views::shown(gesture.text))
+        if (letter == '\n')
+            key(box, Qt::Key_Return);
+        else
+            key(box, 0, letter);
+    key(box, Qt::Key_Tab, "\t");
+}
+
+} // namespace
+
+void key(QWidget* widget, int code, const QString& text) {
+    QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
+    QApplication::sendEvent(widget, &press);
+}
+
+void click(QWidget* widget, const QPoint& at) {
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const Qt::MouseButtons held =
+            type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+        QMouseEvent event(type, at, widget->mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
+        QApplication::sendEvent(widget, &event);
+    }
+}
+
+void perform(const headless::Gesture& gesture, QWidget& view) {
+    switch (gesture.kind) {
+    case headless::Gesture::Kind::tab:
+        return chooseTab(gesture, view);
+    case headless::Gesture::Kind::mark:
+        return clickRow(gesture, view);
+    case headless::Gesture::Kind::click:
+        return press(gesture, view);
+    case headless::Gesture::Kind::pick:
+        return pickRow(gesture, view);
+    case headless::Gesture::Kind::type:
+        return type(gesture, view);
+    case headless::Gesture::Kind::close:
+        view.close();
+    }
+}
+
+} // namespace test

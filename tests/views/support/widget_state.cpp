@@ -1,0 +1,155 @@
+// Each kind of control against its kind of widget.
+#include "views/support/widget_state.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTimer>
+
+#include "views/binding.h"
+
+namespace test {
+namespace {
+
+using views::shown;
+
+/// The text of a widget of one text, without marks of access keys.
+QString textOn(const QWidget& widget) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        return label->text();
+    if (const auto* button = qobject_cast<const QPushButton*>(&widget))
+        return QString(button->text()).replace("&&", "&");
+    if (const auto* frame = qobject_cast<const QGroupBox*>(&widget))
+        return frame->title();
+    if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
+        return line->text();
+    if (const auto* lines = qobject_cast<const QPlainTextEdit*>(&widget))
+        return lines->toPlainText();
+    if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
+        return combo->currentText();
+    return {};
+}
+
+QString markedRow(const QString& text, bool marked) {
+    return marked ? text + "*" : text;
+}
+
+QStringList rowsOn(const QWidget& widget) {
+    QStringList rows;
+    if (const auto* tabs = qobject_cast<const QTabBar*>(&widget)) {
+        for (int tab = 0; tab < tabs->count(); ++tab)
+            rows << markedRow(tabs->tabText(tab), tab == tabs->currentIndex());
+    } else if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
+        for (int row = 0; row < combo->count(); ++row)
+            rows << markedRow(combo->itemText(row), row == combo->currentIndex());
+    } else if (const auto* list = qobject_cast<const QListView*>(&widget)) {
+        for (int row = 0; row < list->model()->rowCount(); ++row) {
+            const auto index = list->model()->index(row, 0);
+            rows << markedRow(index.data().toString(),
+                              index.data(Qt::CheckStateRole).toInt() == Qt::Checked);
+        }
+    }
+    return rows;
+}
+
+QStringList rowsOf(const windows::Control& control) {
+    QStringList rows;
+    if (const auto* tabs = dynamic_cast<const windows::TabStrip*>(&control)) {
+        for (const auto& caption : tabs->captions())
+            rows << markedRow(shown(caption), caption == tabs->caption());
+    } else if (const auto* combo = dynamic_cast<const windows::ComboBox*>(&control)) {
+        for (const auto& row : combo->rows())
+            rows << markedRow(shown(row), row == combo->text());
+    } else if (const auto* list = dynamic_cast<const windows::MarkList*>(&control)) {
+        for (const auto& item : list->items())
+            rows << markedRow(shown(item.text), item.marked);
+    } else if (const auto* plain = dynamic_cast<const windows::ListBox*>(&control)) {
+        for (const auto& item : plain->items())
+            rows << shown(item.text) + (item.note.empty() ? "" : "   (" + shown(item.note) + ")");
+    }
+    return rows;
+}
+
+class Comparison {
+  public:
+    Comparison(const windows::Window& window, const QWidget& view) : window_(window), view_(view) {
+        compare(window, "title", shown(window.text()), view.windowTitle());
+        compare(window, "visible", window.visible(), view.isVisible());
+        for (const auto* control : window.controls())
+            compareControl(*control);
+    }
+
+    std::vector<std::string> found;
+
+  private:
+    template <typename Value>
+    void compare(const windows::Element& element, const char* what, const Value& control,
+                 const Value& widget) {
+        if (control != widget)
+            found.push_back(element.name() + ": " + what + " is " +
+                            QVariant(control).toStringList().join(", ").toStdString() +
+                            ", its widget has " +
+                            QVariant(widget).toStringList().join(", ").toStdString());
+    }
+
+    void compareControl(const windows::Control& control) {
+        const auto name = QString::fromStdString(control.name());
+        if (const auto* item = dynamic_cast<const windows::MenuItem*>(&control)) {
+            if (const auto* action = view_.findChild<QAction*>(name))
+                compareItem(*item, *action);
+            else
+                found.push_back(control.name() + ": there is no such menu item");
+        } else if (dynamic_cast<const windows::Timer*>(&control) != nullptr) {
+            const auto* timer = view_.findChild<QTimer*>(name);
+            compare(control, "running", control.enabled(), timer != nullptr && timer->isActive());
+        } else if (const auto* widget = view_.findChild<QWidget*>(name)) {
+            compareWidget(control, *widget);
+        } else if (dynamic_cast<const windows::Shape*>(&control) == nullptr &&
+                   dynamic_cast<const windows::FilePicker*>(&control) == nullptr) {
+            found.push_back(control.name() + ": there is no such widget");
+        }
+    }
+
+    bool usable(const windows::Control& control) const {
+        const bool isFrame = dynamic_cast<const windows::Frame*>(&control) != nullptr;
+        return control.enabled() && (isFrame || (window_.enabled() && !window_.resting()));
+    }
+
+    void compareItem(const windows::MenuItem& item, const QAction& action) {
+        compare(item, "text", shown(item.text()).trimmed(), action.text());
+        compare(item, "enabled", usable(item), action.isEnabled());
+        compare(item, "checked", item.checked(), action.isChecked());
+    }
+
+    void compareWidget(const windows::Control& control, const QWidget& widget) {
+        if (dynamic_cast<const windows::Menu*>(&control) != nullptr)
+            return compare(control, "text", shown(control.text()),
+                           static_cast<const QMenu&>(widget).title());
+        compare(control, "text", shown(control.text()), textOn(widget));
+        compare(control, "rows", rowsOf(control), rowsOn(widget));
+        compare(control, "enabled", usable(control), widget.isEnabled());
+        compare(control, "visible", control.visible(), widget.isVisibleTo(&view_));
+        if (const auto* bar = dynamic_cast<const windows::ProgressBar*>(&control))
+            compare(control, "done", bar->done(), static_cast<const QProgressBar&>(widget).value());
+    }
+
+    const windows::Window& window_;
+    const QWidget& view_;
+};
+
+} // namespace
+
+std::vector<std::string> mismatches(const windows::Window& window, const QWidget& view) {
+    return Comparison(window, view).found;
+}
+
+} // namespace test

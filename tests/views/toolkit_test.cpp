@@ -1,0 +1,170 @@
+// When what is done to the widgets reaches the logic: never in the middle of a procedure, never by
+// a row that has become another, never by a window that is gone.
+#include <chrono>
+#include <thread>
+
+#include <QAction>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "windows/frmShowReadme.h"
+#include "windows/frmWorking.h"
+#include "views/support/window_test.h"
+
+namespace {
+
+using test::find;
+using test::WindowTest;
+
+/// Longer than doEvents lets pass between two looks at the windows.
+constexpr auto aWhile = std::chrono::milliseconds(30);
+
+/// Lets Qt run by itself, as it does below a message box.
+void letQtRun() {
+    const auto end = std::chrono::steady_clock::now() + aWhile;
+    while (std::chrono::steady_clock::now() < end)
+        QApplication::processEvents();
+}
+
+class Ticks : public testing::Test {
+  protected:
+    Ticks() {
+        panel->tmrMove.onTick = [this] { ++ticks; };
+        toolkit.load(*panel);
+        toolkit.show(*panel);
+        letQtRun();
+    }
+
+    views::QtToolkit toolkit;
+    std::unique_ptr<windows::frmWorking> panel = std::make_unique<windows::frmWorking>(toolkit);
+    int ticks = 0;
+};
+
+TEST_F(Ticks, do_not_pile_up_while_a_box_stands_over_the_panel) {
+    std::this_thread::sleep_for(aWhile);
+    toolkit.doEvents();
+    EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(Ticks, are_dropped_with_the_panel) {
+    panel.reset();
+    std::this_thread::sleep_for(aWhile);
+    toolkit.doEvents();
+    EXPECT_EQ(ticks, 0);
+}
+
+TEST(Wishes, are_noted_while_the_program_works_also_where_the_window_rests) {
+    views::QtToolkit toolkit;
+    windows::frmShowReadme log(toolkit);
+    windows::Wish stop;
+    windows::Wish leave;
+    log.cmdDone.wish = &stop;
+    log.closeWish = &leave;
+    toolkit.load(log);
+    log.setResting(true);
+    toolkit.show(log);
+    EXPECT_FALSE(find<QWidget>("txtReadme")->isEnabled());
+    auto* done = find<QPushButton>("cmdDone");
+    test::click(done, done->rect().center());
+    EXPECT_TRUE(stop.noted);
+    EXPECT_FALSE(leave.noted);
+    find<QWidget>("frmShowReadme")->close();
+    EXPECT_TRUE(leave.noted);
+    EXPECT_TRUE(log.visible());
+    EXPECT_TRUE(find<QWidget>("frmShowReadme")->isVisible());
+}
+
+TEST_F(WindowTest, a_second_tab_waits_until_the_first_is_filled) {
+    std::string order;
+    run({
+        [&] {
+            window->tspMain.onClick = [&] {
+                order += "(" + window->tspMain.caption();
+                if (window->tspMain.caption() == "Maps")
+                    QTimer::singleShot(0, [] { chooseTab(5); });
+                std::this_thread::sleep_for(aWhile);
+                toolkit->doEvents();
+                order += ")";
+            };
+            chooseTab(4);
+        },
+        [] { find<QWidget>("frmMain")->close(); },
+    });
+    EXPECT_EQ(order, "(Maps)(Units)");
+}
+
+TEST_F(WindowTest, a_click_on_a_row_of_the_last_tab_marks_nothing_on_the_next) {
+    game.makeFolder("Vexillum/Map-New");
+    run({
+        [] {
+            chooseTab(4);
+            clickRow(0);
+        },
+        [this] {
+            EXPECT_EQ(window->lstList.itemText(0), "New");
+            EXPECT_EQ(window->lstList.markedCount(), 0);
+            EXPECT_EQ(window->find("txtSelMaps")->text(), "0 3rd Party Maps Selected");
+            window->lstList.clear();
+            window->lstList.add("Newer");
+            // The widget has not followed yet.
+            clickRow(0);
+        },
+        [this] {
+            EXPECT_EQ(window->lstList.index(), -1);
+            find<QWidget>("frmMain")->close();
+        },
+    });
+}
+
+TEST_F(WindowTest, a_tab_that_is_refused_is_not_shown_as_chosen) {
+    run({
+        [this] {
+            // As long as the program has not looked at the click, the command may still come to
+            // rest.
+            auto* tabs = find<QTabBar>("tspMain");
+            test::click(tabs, tabs->tabRect(3).center());
+            EXPECT_EQ(tabs->currentIndex(), 3);
+            window->tspMain.setEnabled(false);
+        },
+        [this] {
+            EXPECT_EQ(find<QTabBar>("tspMain")->currentIndex(), 0);
+            window->tspMain.setEnabled(true);
+            find<QWidget>("frmMain")->close();
+        },
+    });
+}
+
+TEST_F(WindowTest, a_resting_window_greys_menus_and_filter_too) {
+    run({
+        [this] { window->setResting(true); },
+        [this] {
+            EXPECT_FALSE(find<QWidget>("frmMain")->findChild<QAction*>("mnuFLaunch")->isEnabled());
+            EXPECT_FALSE(find<QWidget>("filter")->isEnabled());
+            EXPECT_FALSE(find<QListView>("lstList")->isEnabled());
+            window->setResting(false);
+        },
+        [] {
+            EXPECT_TRUE(find<QWidget>("frmMain")->findChild<QAction*>("mnuFLaunch")->isEnabled());
+            EXPECT_FALSE(find<QWidget>("frmMain")->findChild<QAction*>("mnuMMsmall")->isEnabled());
+            EXPECT_TRUE(find<QWidget>("filter")->isEnabled());
+            find<QWidget>("frmMain")->close();
+        },
+    });
+}
+
+TEST(MessageBoxes, show_the_reason_below_and_begin_at_their_default_button) {
+    views::QtToolkit toolkit;
+    QTimer::singleShot(0, [] {
+        auto* box = find<QMessageBox>("messageBox");
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->text(), "Go on?");
+        EXPECT_EQ(box->informativeText(), "The disk is full.");
+        test::key(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(
+        toolkit.showMessage({"Go on?", "", {"Yes", "No"}, false, 1, "The disk is full."}).button,
+        1U);
+}
+
+} // namespace
