@@ -53,19 +53,23 @@ bool Disk::moveEntry(const std::string& from, const std::string& to) {
 
 bool Disk::move(const Spot& source, const Spot& target, const std::string& to) {
     auto& from = *source.folder;
+    const auto rename = [&](const std::string& name) {
+        return renameWithoutReplacing(*raw_, from.raw(), name, target.folder->raw(), target.leaf);
+    };
     auto name = source.leaf;
-    auto error = renameWithoutReplacing(*raw_, from.raw(), name, target.folder->raw(), target.leaf);
-    if (error == std::errc::no_such_file_or_directory) {
+    auto error = rename(name);
+    if (error && error == std::errc::no_such_file_or_directory) {
         const auto other = from.otherSpelling(name);
         if (!other)
             return false;
         name = *other;
-        error = renameWithoutReplacing(*raw_, from.raw(), name, target.folder->raw(), target.leaf);
+        error = rename(name);
     }
-    if (error == std::errc::file_exists)
+    if (error && error == std::errc::file_exists)
         return false;
-    if (error == std::errc::cross_device_link) {
-        if (!moveAcross(*raw_, from, name, *target.folder, target.leaf, to))
+    if (error && error == std::errc::cross_device_link) {
+        if (!moveAcross(*raw_, from, name, *target.folder, target.leaf, to,
+                        [&] { return folders_->syncWayTo(to); }))
             return false;
     } else {
         check(error, "move", to);

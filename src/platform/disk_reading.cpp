@@ -1,5 +1,5 @@
 // Reading: whole texts, mappings, pieces.
-#include <limits>
+#include <algorithm>
 
 #include "check.h"
 #include "folder_cache.h"
@@ -27,9 +27,7 @@ class RawReader final : public FileReader {
     }
 
     void seek(std::uint64_t offset) override {
-        constexpr auto furthest =
-            static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-        check(disk_->seek(*file_, std::min(offset, furthest)), "read", path_);
+        check(disk_->seek(*file_, std::min(offset, size_)), "read", path_);
     }
 
   private:

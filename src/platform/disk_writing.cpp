@@ -93,7 +93,7 @@ void Disk::replaceFile(const std::string& path, std::string_view bytes) {
             throw;
         return overwrite(target, path, bytes);
     }
-    check(raw_->sync(target.folder->raw()), "write", path);
+    check(folders_->syncWayTo(path), "write", path);
 }
 
 void Disk::copyFile(const std::string& from, const std::string& to,

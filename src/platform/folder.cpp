@@ -2,6 +2,8 @@
 // folder's time.
 #include "folder.h"
 
+#include <algorithm>
+
 #include "check.h"
 
 namespace platform {
@@ -12,7 +14,9 @@ using namespace std::chrono_literals;
 constexpr auto trustedUnseen = 100ms;
 /// The system's clock for files may stand still that long.
 constexpr auto ticksOfFileTime = 50ms;
-/// A listing in doubt is read again at most for this share of the time.
+/// A listing in doubt is read again when the program's own changes pause or have gone on for long,
+/// and at most for this share of the time.
+constexpr auto longestBurst = 1s;
 constexpr int shareOfListing = 100;
 
 FileTime wallTime() {
@@ -60,13 +64,18 @@ void Folder::noteRemoved(const std::string& name) {
 
 void Folder::learnNames() {
     const auto now = Clock::now();
+    const bool isPause = now - askedAt_ >= trustedUnseen;
+    askedAt_ = now;
     if (isListed_ && now - checkedAt_ < trustedUnseen)
         return;
     RawEntry self;
     check(disk_.lookAt(*raw_, self), "list", ".");
     checkedAt_ = now;
-    if (isListed_ && isInDoubt_ && now - listedAt_ < listingTook_ * shareOfListing)
-        return;
+    if (isListed_ && isInDoubt_) {
+        const auto share = listingTook_ * shareOfListing;
+        if (now - listedAt_ < (isPause ? share : std::max<Clock::duration>(share, longestBurst)))
+            return;
+    }
     if (!isListed_ || isInDoubt_ || self.modified != modified_)
         list(self.modified);
 }

@@ -63,6 +63,7 @@ class Folder {
     FileTime modified_ = 0;
     Clock::time_point listedAt_;
     Clock::time_point checkedAt_;
+    Clock::time_point askedAt_;
     Clock::duration listingTook_{};
 };
 

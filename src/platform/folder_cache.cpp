@@ -13,7 +13,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto pathsLast = 250ms;
-constexpr std::size_t mostFolders = 200;
+constexpr std::size_t mostFolders = 400;
 
 std::vector<std::string> partsOf(std::string_view path) {
     return splitPath(systemSeparator == '\\' ? std::string(path) : replaceAll(path, "/", "\\"));
@@ -128,6 +128,14 @@ std::string FolderCache::nameIn(const FolderPtr& parent, const std::string& part
     return part;
 }
 
+std::error_code FolderCache::syncWayTo(std::string_view path) {
+    const auto place = placeOf(path);
+    for (std::size_t depth = place.parts.size(); depth > 0; --depth)
+        if (const auto error = disk_.sync(open(place, depth - 1)->raw()))
+            return error;
+    return {};
+}
+
 bool FolderCache::spotInKnownFolder(const std::string& path, Spot& spot) const {
     const auto cut = path.rfind('\\');
     if (cut == std::string::npos || cut + 1 == path.size() || !isBelow(path, gameDirectory_))
@@ -136,7 +144,7 @@ bool FolderCache::spotInKnownFolder(const std::string& path, Spot& spot) const {
     if (known == paths_.end())
         return false;
     const auto leaf = std::string_view(path).substr(cut + 1);
-    if (!RelativePath::accepts(leaf, PathRules::own()))
+    if (leadsAway(leaf))
         return false;
     spot.folder = known->second;
     spot.leaf = leaf;

@@ -69,6 +69,10 @@ class FolderCache {
     /// The same for an entry that is to be changed.
     Spot spotToChange(const std::string& path, std::string_view call, NewFolders* made = nullptr);
 
+    /// An entry would still be found by its path behind a power cut. Folders on the way that have
+    /// long been there cost next to nothing.
+    std::error_code syncWayTo(std::string_view path);
+
     /// Paths may lead elsewhere now.
     void forgetPaths() { paths_.clear(); }
 

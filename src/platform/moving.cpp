@@ -72,17 +72,23 @@ std::error_code removeOriginal(RawDisk& disk, Folder& from, const std::string& n
 std::error_code renameWithoutReplacing(RawDisk& disk, RawFolder& from, const std::string& name,
                                        RawFolder& to, const std::string& newName) {
     const auto error = disk.renameNew(from, name, to, newName);
-    if (!cannotRefuse(error))
+    if (!error || !cannotRefuse(error))
         return error;
     RawEntry entry;
+    RawEntry target;
     if (const auto missing = disk.look(from, name, Links::kept, entry))
         return missing;
+    if (const auto gone = disk.lookAt(to, target))
+        return gone;
+    if (entry.identity.device != target.identity.device)
+        return std::make_error_code(std::errc::cross_device_link);
     return entry.kind == RawKind::folder ? renameFolder(disk, from, name, to, newName)
                                          : renameByLink(disk, from, name, to, newName);
 }
 
 bool moveAcross(RawDisk& disk, Folder& from, const std::string& name, Folder& to,
-                const std::string& newName, std::string_view path) {
+                const std::string& newName, std::string_view path,
+                const std::function<std::error_code()>& syncNewName) {
     auto copy = nextPartName();
     const auto takeCopyAway = [&] { removeEntry(disk, to.raw(), copy, ReadOnly::goes); };
     to.noteChanged();
@@ -96,7 +102,7 @@ bool moveAcross(RawDisk& disk, Folder& from, const std::string& name, Folder& to
             }
             check(error, "move", path);
             copy = newName;
-            check(disk.sync(to.raw()), "move", path);
+            check(syncNewName(), "move", path);
             check(removeOriginal(disk, from, name), "move", path);
             return true;
         },

@@ -1,6 +1,7 @@
 // Moves of one entry between two folders, on one disk or across two.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,9 @@ std::error_code renameWithoutReplacing(RawDisk& disk, RawFolder& from, const std
 
 /// Moves an entry to another disk, whole or not at all. False where the new name is taken. Throws
 /// Failure with `path` where the copy fails: then it is gone again and the original untouched.
+/// `syncNewName` is called when the copy is in its place, and before the original goes.
 bool moveAcross(RawDisk& disk, Folder& from, const std::string& name, Folder& to,
-                const std::string& newName, std::string_view path);
+                const std::string& newName, std::string_view path,
+                const std::function<std::error_code()>& syncNewName);
 
 } // namespace platform

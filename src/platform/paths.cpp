@@ -24,14 +24,15 @@ std::vector<std::string> splitPath(std::string_view path) {
 }
 
 bool leadsAway(std::string_view part) {
-    using namespace std::string_view_literals;
     if (part == "." || part == "..")
         return true;
+    return std::any_of(part.begin(), part.end(), [](char c) {
 #ifdef _WIN32
-    return part.find_first_of(":/\0"sv) != std::string_view::npos;
+        return c == '/' || c == '\0' || c == ':';
 #else
-    return part.find_first_of("/\0"sv) != std::string_view::npos;
+        return c == '/' || c == '\0';
 #endif
+    });
 }
 
 bool isBelow(std::string_view path, std::string_view gameDirectory) {

@@ -87,13 +87,15 @@ std::string foldCase(std::string_view text) {
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    if (a == b)
-        return true;
-    if (isAscii(a) && isAscii(b))
-        return a.size() == b.size() &&
-               std::equal(a.begin(), a.end(), b.begin(),
-                          [](char x, char y) { return foldAscii(x) == foldAscii(y); });
-    return foldCase(a) == foldCase(b);
+    const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    std::size_t at = 0;
+    // Letters fold one by one, so two plain ones that differ settle it whatever follows.
+    for (; at < a.size() && at < b.size() && isPlain(a[at]) && isPlain(b[at]); ++at)
+        if (foldAscii(a[at]) != foldAscii(b[at]))
+            return false;
+    if (at == a.size() || at == b.size())
+        return a.size() == b.size();
+    return foldCase(a.substr(at)) == foldCase(b.substr(at));
 }
 
 bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {
