@@ -13,11 +13,11 @@
 #include <zlib.h>
 
 #include "bench.h"
-#include "windows/frmMain.h"
-#include "menumod/modHPIUtil.h"
-#include "headless/session.h"
 #include "formats/lz77.h"
+#include "headless/session.h"
+#include "menumod/modHPIUtil.h"
 #include "support/archive_writer.h"
+#include "windows/frmMain.h"
 
 namespace {
 
@@ -108,7 +108,7 @@ void lz77() {
         ours.push_back(bench::timeOf([&] {
             for (int i = 0; i < 300; ++i)
                 formats::unpackLz77(asBytes(chunk),
-                                     {reinterpret_cast<std::uint8_t*>(out.data()), out.size()});
+                                    {reinterpret_cast<std::uint8_t*>(out.data()), out.size()});
         }));
         limit.push_back(bench::timeOf([&] {
             for (int i = 0; i < 300; ++i) {

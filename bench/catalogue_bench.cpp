@@ -9,10 +9,10 @@
 #include <QStandardItemModel>
 
 #include "bench.h"
-#include "windows/frmMain.h"
 #include "headless/session.h"
-#include "windows/frmFList.h"
 #include "views/qt_toolkit.h"
+#include "windows/frmFList.h"
+#include "windows/frmMain.h"
 
 namespace {
 

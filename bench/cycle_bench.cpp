@@ -9,8 +9,8 @@
 #include <unistd.h>
 
 #include "bench.h"
-#include "windows/frmMain.h"
 #include "headless/session.h"
+#include "windows/frmMain.h"
 
 #ifdef VEXILLUM_WINDOWS
 #include <QApplication>

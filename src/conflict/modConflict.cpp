@@ -21,9 +21,8 @@ std::string modConflict::scanWeaponIDs() {
     game_.totallyKillFolder(work, false);
     platform::attempt([&] { disk.makeFolder(work); });
     menumod::Extraction extraction(game_);
-    extraction.forEachArchive([&](int handle) {
-        extraction.extractFolder(handle, "weapons", "tdf", workFolder, true);
-    });
+    extraction.forEachArchive(
+        [&](int handle) { extraction.extractFolder(handle, "weapons", "tdf", workFolder, true); });
     WeaponTable table;
     releases::StringArray files;
     game_.fileArray(files, work + "\\weapons");

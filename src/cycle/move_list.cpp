@@ -1,4 +1,5 @@
-// A plan has as many entries as the game directory has files, so destinations are looked up by hash.
+// A plan has as many entries as the game directory has files, so destinations are looked up by
+// hash.
 #include "cycle/move_list.h"
 
 #include <algorithm>

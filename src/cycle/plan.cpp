@@ -74,8 +74,8 @@ void Plan::gatherRelease(ReleaseType type, const std::string& name, const Listin
     // A blanked selection file leaves an empty name behind.
     if (name.empty())
         return;
-    const auto folder = std::string(dataTree) + "\\" + std::string(infoOf(type).shortName) + "-" +
-                        folderForm(name);
+    const auto folder =
+        std::string(dataTree) + "\\" + std::string(infoOf(type).shortName) + "-" + folderForm(name);
     StringArray subfolders;
     listings.folders(subfolders, folder);
     for (const auto& subName : subfolders.slots()) {
@@ -145,8 +145,8 @@ formats::Journal Plan::journal() const {
     journal.folders.assign(folders.begin(), folders.end());
     for (const auto& entry : entries())
         if (entry.moves())
-            journal.moves.push_back({entry.fromPath, entry.toPath, entry.relName,
-                                     static_cast<int>(entry.relType)});
+            journal.moves.push_back(
+                {entry.fromPath, entry.toPath, entry.relName, static_cast<int>(entry.relType)});
     return journal;
 }
 

@@ -211,7 +211,8 @@ void Archive::extract(std::size_t entry, const platform::PieceSink& sink) const 
         extractChunks(offset, size, sink);
 }
 
-void Archive::extractStored(std::uint32_t offset, std::uint32_t size, const platform::PieceSink& sink) const {
+void Archive::extractStored(std::uint32_t offset, std::uint32_t size,
+                            const platform::PieceSink& sink) const {
     if (!has(offset, size))
         damaged("its data lies outside the archive");
     std::vector<std::uint8_t> piece(std::min<std::size_t>(size, pieceSize));
@@ -222,7 +223,8 @@ void Archive::extractStored(std::uint32_t offset, std::uint32_t size, const plat
     }
 }
 
-void Archive::extractChunks(std::uint32_t offset, std::uint32_t size, const platform::PieceSink& sink) const {
+void Archive::extractChunks(std::uint32_t offset, std::uint32_t size,
+                            const platform::PieceSink& sink) const {
     const std::uint64_t pieces = (size + std::uint64_t{pieceSize} - 1) / pieceSize;
     if (!has(offset, pieces * 4))
         damaged("its data lies outside the archive");

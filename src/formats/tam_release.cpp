@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <limits>
 
-#include "formats/display_name.h"
 #include "formats/codes.h"
+#include "formats/display_name.h"
 #include "formats/number.h"
 #include "platform/relative_path.h"
 #include "platform/text.h"

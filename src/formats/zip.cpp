@@ -77,7 +77,7 @@ struct ZipReader::Handle {
     static la_int64_t seek(archive* /*reader*/, void* data, la_int64_t offset, int whence) {
         auto& self = *static_cast<Handle*>(data);
         const bool worked = self.guarded([&] {
-            const auto base = whence == SEEK_END ? static_cast<la_int64_t>(self.file->size())
+            const auto base = whence == SEEK_END   ? static_cast<la_int64_t>(self.file->size())
                               : whence == SEEK_CUR ? self.at
                                                    : 0;
             self.at = std::max<la_int64_t>(base + offset, 0);

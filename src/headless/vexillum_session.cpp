@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "windows/frmMain.h"
 #include "headless/session.h"
+#include "windows/frmMain.h"
 
 namespace {
 

@@ -18,10 +18,9 @@ constexpr std::size_t mostHeldInAll = std::size_t{64} << 20U;
 
 /// A unit is named by a file out of an archive, and its own file is named by it.
 bool leadsOut(std::string_view unitName) {
-    return !platform::RelativePath::accepts(unitName,
-                                            {platform::PathRules::Slash::separates,
-                                             platform::PathRules::Dot::refused,
-                                             platform::PathRules::Controls::allowed});
+    return !platform::RelativePath::accepts(unitName, {platform::PathRules::Slash::separates,
+                                                       platform::PathRules::Dot::refused,
+                                                       platform::PathRules::Controls::allowed});
 }
 
 } // namespace
@@ -70,9 +69,10 @@ bool modTrlx::foldersAreFree() {
     for (const std::string folder : {"guis", "anims", "download"}) {
         if (!game_.DoesFolderExist(game_.at(folder)))
             continue;
-        game_.questions().tell("One of the conversions you have enabled includes a \"" + folder +
-                   "\" folder.\r\n\r\nThe Trellis requires that this folder NOT EXIST in order to "
-                   "work, and therefore is NOT being activated.");
+        game_.questions().tell(
+            "One of the conversions you have enabled includes a \"" + folder +
+            "\" folder.\r\n\r\nThe Trellis requires that this folder NOT EXIST in order to "
+            "work, and therefore is NOT being activated.");
         return false;
     }
     return true;
@@ -118,8 +118,7 @@ void modTrlx::addThoseOnDisk(ExtractedFiles& files, const std::string& folder) {
     releases::StringArray names;
     game_.fileArray(names, game_.at(folder));
     for (const auto& name : names.entries())
-        files.try_emplace(platform::foldCase(name),
-                          Extracted{game_.at(folder + "\\" + name), {}});
+        files.try_emplace(platform::foldCase(name), Extracted{game_.at(folder + "\\" + name), {}});
 }
 
 std::string modTrlx::contentOf(const Extracted& file) {
@@ -132,8 +131,9 @@ void modTrlx::readGuiPages() {
         game_.log().breathe();
         const auto page = file.path.substr(file.path.rfind('\\') + 1);
         const bool named = page.size() >= pageSuffixLength;
-        formats::GuiPageReader reader(menus_, named ? page.substr(0, page.size() - pageSuffixLength) : "",
-                             settings_.compress);
+        formats::GuiPageReader reader(menus_,
+                                      named ? page.substr(0, page.size() - pageSuffixLength) : "",
+                                      settings_.compress);
         const auto text = contentOf(file);
         if (named)
             for (const auto& line : platform::splitLines(text)) {

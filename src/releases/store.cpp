@@ -44,8 +44,8 @@ int Store::countOf(ReleaseType type) const {
 }
 
 bool Store::hasFolder(ReleaseType type, std::string_view folderName) const {
-    return arrayFind(storeFolders_, std::string(infoOf(type).shortName) + "-" +
-                                        std::string(folderName)) != -1;
+    return arrayFind(storeFolders_,
+                     std::string(infoOf(type).shortName) + "-" + std::string(folderName)) != -1;
 }
 
 std::string Store::folderOf(ReleaseType type, std::string_view displayName) const {

@@ -6,9 +6,9 @@
 
 #include "cut_text_tip.h"
 #include "mark_list_view.h"
-#include "views/qt_toolkit.h"
 #include "tab_badges.h"
 #include "text_follower.h"
+#include "views/qt_toolkit.h"
 #include "views/window_view.h"
 
 namespace views {

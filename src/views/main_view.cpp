@@ -94,9 +94,9 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     content->addWidget(setupFrame());
     timer(main_.tmrSleep);
     std::vector<windows::Control*> order = {
-        &main_.tspMain,   &main_.lstList,    &main_.lblRename,     &main_.lblEditAbout,
-        &main_.txtAbout,  &main_.cmdReadme,  &main_.cmdExplore,    &main_.lblEditCCodes,
-        &main_.txtCCodes, &main_.cmdAdd,     &main_.cmdHelp,       &main_.cmdRemove};
+        &main_.tspMain,   &main_.lstList,   &main_.lblRename,  &main_.lblEditAbout,
+        &main_.txtAbout,  &main_.cmdReadme, &main_.cmdExplore, &main_.lblEditCCodes,
+        &main_.txtCCodes, &main_.cmdAdd,    &main_.cmdHelp,    &main_.cmdRemove};
     for (const auto& summary : main_.summaries())
         order.push_back(&summary->box);
     order.insert(order.end(), {&main_.cmdRevert, &main_.cmdClean, &main_.cmdGo});

@@ -1,8 +1,8 @@
 // The main window on the screen.
 #pragma once
 
-#include "windows/frmMain.h"
 #include "views/window_view.h"
+#include "windows/frmMain.h"
 
 class QLayout;
 class QMenuBar;

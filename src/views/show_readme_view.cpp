@@ -3,9 +3,9 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "main_view.h"
 #include "windows/frmFList.h"
 #include "windows/frmShowReadme.h"
-#include "main_view.h"
 #include "wizard_views.h"
 #include "working_view.h"
 

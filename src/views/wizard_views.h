@@ -3,9 +3,9 @@
 
 #include <memory>
 
+#include "views/window_view.h"
 #include "windows/frmAdd.h"
 #include "windows/frmTAM.h"
-#include "views/window_view.h"
 
 namespace views {
 

@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "windows/frmWorking.h"
 #include "views/window_view.h"
+#include "windows/frmWorking.h"
 
 namespace views {
 

@@ -31,8 +31,8 @@ std::vector<std::string> typeNames() {
 } // namespace
 
 frmAdd::frmAdd(frmMain& main, std::string shortType)
-    : Window("frmAdd", "Add A " + shortType), cbo1Type(*this, "cbo1Type", typeNames()),
-      main_(main), toolkit_(main.machine().toolkit), disk_(main.machine().disk), steps_(*this),
+    : Window("frmAdd", "Add A " + shortType), cbo1Type(*this, "cbo1Type", typeNames()), main_(main),
+      toolkit_(main.machine().toolkit), disk_(main.machine().disk), steps_(*this),
       shortType_(std::move(shortType)) {
     cbo1Type.pick(shortType_);
     cdc.title = "Locate Readme File";
@@ -90,11 +90,13 @@ void frmAdd::cmd1Next_Click() {
     const auto taken = txt1Name.text();
     txt1Name.setText(formats::permittedPart(taken));
     if (txt1Name.text() != taken)
-        return main_.game().questions().tell("Not all ASCII characters are permitted in display names.\r\n\r\n"
-                          "The offending characters have been removed, but you may want to change "
-                          "it.");
+        return main_.game().questions().tell(
+            "Not all ASCII characters are permitted in display names.\r\n\r\n"
+            "The offending characters have been removed, but you may want to change "
+            "it.");
     if (txt1Name.text().empty())
-        return main_.game().questions().tell("You have to enter a display name.\r\n\r\nPlease do so now.");
+        return main_.game().questions().tell(
+            "You have to enter a display name.\r\n\r\nPlease do so now.");
     txt1Name.setText(releases::folderForm(taken));
     releaseFolder_ = folderFor(txt1Name.text());
     txt2Where.setText(platform::shownPath(releaseFolder_));
@@ -116,7 +118,8 @@ bool frmAdd::saveAboutText() {
                           txt1About.text() + std::string(platform::lineBreak));
         return true;
     } catch (const platform::Failure& failure) {
-        main_.game().questions().tell("The about text could not be saved.\r\n\r\n" + failure.reason());
+        main_.game().questions().tell("The about text could not be saved.\r\n\r\n" +
+                                      failure.reason());
         return false;
     }
 }
@@ -206,9 +209,10 @@ void frmAdd::cmd3Browse_Click() {
 void frmAdd::cmd3next_Click() {
     saveCCodes();
     platform::attempt([&] { disk_.copyFile(txt3ReadMe.text(), releaseFolder_ + "\\readme.txt"); });
-    main_.game().questions().tell("The " + releases::displayForm(txt1Name.text()) + " " + shortType_ +
-               " has been added successfully!\r\n\r\nIt will be available next time you run "
-               "Vexillum");
+    main_.game().questions().tell(
+        "The " + releases::displayForm(txt1Name.text()) + " " + shortType_ +
+        " has been added successfully!\r\n\r\nIt will be available next time you run "
+        "Vexillum");
     closeWindow();
 }
 
@@ -223,4 +227,3 @@ void frmAdd::saveCCodes() {
 }
 
 } // namespace windows
-

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "windows/frmMain.h"
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "windows/frmMain.h"
 
 namespace windows {
 
@@ -75,4 +75,3 @@ void frmFList::outputLine(const std::string& text) {
 }
 
 } // namespace windows
-

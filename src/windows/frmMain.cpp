@@ -32,11 +32,10 @@ frmMain::~frmMain() {
 
 void frmMain::makeSummaries() {
     for (const auto* type : releases::typesByTab())
-        summaries_.push_back(std::unique_ptr<Summary>(
-            new Summary{*type,
-                        {*this, std::string(type->controlName), std::string(type->label)},
-                        {*this, std::string(type->boxName), oneLine,
-                         std::string(type->firstSummary)}}));
+        summaries_.push_back(std::unique_ptr<Summary>(new Summary{
+            *type,
+            {*this, std::string(type->controlName), std::string(type->label)},
+            {*this, std::string(type->boxName), oneLine, std::string(type->firstSummary)}}));
     opened_.resize(summaries_.size());
 }
 

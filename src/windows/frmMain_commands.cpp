@@ -91,8 +91,7 @@ void frmMain::openWithDesktop(const std::string& path, platform::StartWindow win
 void frmMain::mnuHAboutVXL_Click() {
     std::string text = std::string(applicationTitle) + "\r\n\r\n";
     const auto file = game_.inDataTree("VXL-Misc\\AboutVXL.txt");
-    if (!platform::attempt(
-            [&] { text += platform::withLineBreaks(game_.disk().readFile(file)); }))
+    if (!platform::attempt([&] { text += platform::withLineBreaks(game_.disk().readFile(file)); }))
         text += "*****  About File Not Found!  *****\r\n";
     showReadme_.showText("About", "About Vexillum", text);
 }
@@ -116,8 +115,9 @@ void frmMain::mnuUconverter_Click() {
 }
 
 void frmMain::cmdClean_Click() {
-    if (!ask_.askWhetherSure("This will move ALL non-CD/non-VXL files from your TA Directory into a "
-                             "CleanedFiles subdirectory.\r\n\r\nAre you sure you want to do this?"))
+    if (!ask_.askWhetherSure(
+            "This will move ALL non-CD/non-VXL files from your TA Directory into a "
+            "CleanedFiles subdirectory.\r\n\r\nAre you sure you want to do this?"))
         return;
     whileWorking([this] {
         revertSels(false);

@@ -21,8 +21,8 @@ void frmMain::show(List list) {
     const auto shortType = getShortSelType();
     if (listWasFilled_) {
         put(lblList, "Available " + tspMain.caption() + ":");
-        put(lblRename, "(Rename This " +
-                           platform::replaceAll(getLongSelType(), "Mod", "Modification") + ")");
+        put(lblRename,
+            "(Rename This " + platform::replaceAll(getLongSelType(), "Mod", "Modification") + ")");
         put(cmdExplore, "View This " + shortType + "'s Files");
         put(cmdHelp, "Help with " + shortType + "s");
         put(cmdRemove, "Remove This " + shortType);

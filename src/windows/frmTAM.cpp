@@ -89,11 +89,13 @@ void frmTAM::cmd2Browse_Click() {
 
 void frmTAM::cmd2Next_Click() {
     if (!main_.game().DoesFileExist(txt2Loc.text()))
-        return main_.game().questions().tell("Sorry, it looks like that isn't a valid file.\r\n\r\nPlease choose a "
-                          "different one.");
+        return main_.game().questions().tell(
+            "Sorry, it looks like that isn't a valid file.\r\n\r\nPlease choose a "
+            "different one.");
     if (!txt2Loc.text().ends_with(tamPattern.substr(2)))
-        return main_.game().questions().tell("That file doesn't have the right extension.\r\n\r\nPlease choose a "
-                          "different one.");
+        return main_.game().questions().tell(
+            "That file doesn't have the right extension.\r\n\r\nPlease choose a "
+            "different one.");
     lst3files.clear();
     // Events run during a long copy, but none may start another conversion.
     setResting(true);

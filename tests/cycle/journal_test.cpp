@@ -40,10 +40,10 @@ TEST(Journal, both_texts_list_what_changes_and_nothing_else) {
     plan.gatherRelease(ReleaseType::map, "Foo", listings,
                        {[](const auto&) { return true; }, [](const auto&) { return true; }});
     EXPECT_EQ(journalText(plan.journal()), "MKDIRS\r\nMoves\r\nunits\r\nMOVES\r\n"
-                                 "units\\a.fbi\r\n"
-                                 "Vexillum\\TC-Cavedog TA\\units\\a.fbi\r\n"
-                                 "Vexillum\\Map-Foo\\MOVES\\m.ufo\r\nMOVES\\m.ufo\r\n"
-                                 "Vexillum\\Map-Foo\\units\\A.FBI\r\nunits\\A.FBI\r\n");
+                                           "units\\a.fbi\r\n"
+                                           "Vexillum\\TC-Cavedog TA\\units\\a.fbi\r\n"
+                                           "Vexillum\\Map-Foo\\MOVES\\m.ufo\r\nMOVES\\m.ufo\r\n"
+                                           "Vexillum\\Map-Foo\\units\\A.FBI\r\nunits\\A.FBI\r\n");
     EXPECT_EQ(humanText(plan.journal()),
               " Folder Made If Not Existing:\r\nMOVES\r\n"
               " Folder Made If Not Existing:\r\nunits\r\n"

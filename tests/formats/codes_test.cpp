@@ -13,12 +13,18 @@ TEST(Codes, a_release_and_a_conversion_that_share_one_fit) {
         bool fit;
     };
     const Row rows[] = {
-        {{"A", "b"}, {"c", "B"}, true},  {{"a"}, {"b"}, false},
-        {{"*"}, {"a"}, true},            {{"aNy"}, {"a"}, true},
-        {{"a"}, {"*"}, false},           {{"a"}, {"any"}, false},
-        {{}, {"a"}, false},              {{}, {}, true},
-        {{"a"}, {}, true},               {{""}, {"a"}, true},
-        {{"x", "*"}, {"a"}, true},       {{"a b"}, {"a"}, false},
+        {{"A", "b"}, {"c", "B"}, true},
+        {{"a"}, {"b"}, false},
+        {{"*"}, {"a"}, true},
+        {{"aNy"}, {"a"}, true},
+        {{"a"}, {"*"}, false},
+        {{"a"}, {"any"}, false},
+        {{}, {"a"}, false},
+        {{}, {}, true},
+        {{"a"}, {}, true},
+        {{""}, {"a"}, true},
+        {{"x", "*"}, {"a"}, true},
+        {{"a b"}, {"a"}, false},
         {{"\xD6L"}, {"\xC3\xB6l"}, true}, // two encodings of one word
     };
     for (const auto& row : rows)

@@ -2,9 +2,9 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "releases/member_import.h"
 #include "platform/failure.h"
 #include "platform/relative_path.h"
+#include "releases/member_import.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::uint64_t mostUnpacked = 1 << 22; // what a run has time for

@@ -7,9 +7,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/disk.h"
 #include "platform/failure.h"
 #include "platform/text.h"
-#include "platform/disk.h"
 #include "support/game.h"
 
 namespace platform {

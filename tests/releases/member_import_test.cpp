@@ -19,11 +19,10 @@ class MemberImportTest : public testing::Test {
 
     int import(const std::vector<std::string>& paths, std::deque<std::string> answers = {}) {
         user.answers = std::move(answers);
-        MemberImport members(directory, directory.inDataTree(release),
-                             [this](const auto& at) {
-                                 progress.push_back(at.done);
-                                 return progress.size() < stopAt;
-                             });
+        MemberImport members(directory, directory.inDataTree(release), [this](const auto& at) {
+            progress.push_back(at.done);
+            return progress.size() < stopAt;
+        });
         const auto result = members.copy(paths);
         leftOut = result.leftOut;
         return result.copied;

@@ -8,9 +8,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "views/support/window_test.h"
 #include "windows/frmShowReadme.h"
 #include "windows/frmWorking.h"
-#include "views/support/window_test.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include "windows/frmMain.h"
 #include "support/faulty_disk.h"
 #include "support/play.h"
 #include "windows/frmFList.h"
+#include "windows/frmMain.h"
 
 namespace windows {
 namespace {

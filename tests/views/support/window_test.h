@@ -11,11 +11,11 @@
 
 #include <gtest/gtest.h>
 
-#include "windows/frmMain.h"
 #include "headless/recorded_programs.h"
 #include "support/play.h"
 #include "views/qt_toolkit.h"
 #include "views/support/widget_hands.h"
+#include "windows/frmMain.h"
 
 namespace test {
 

@@ -45,8 +45,8 @@ struct Clash {
     std::string waitsAt;
 };
 
-/// Settles who gets a destination that two entries want, and notes it. The loser is cleared, but for
-/// a file of the game, which goes to the holding folder. Without two entries of one destination
+/// Settles who gets a destination that two entries want, and notes it. The loser is cleared, but
+/// for a file of the game, which goes to the holding folder. Without two entries of one destination
 /// nothing happens.
 void resolveClash(MoveList& moves, int idxA, int idxB, const Answers& answers,
                   std::vector<Clash>& clashes);

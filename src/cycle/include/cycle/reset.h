@@ -9,13 +9,13 @@
 
 namespace cycle {
 
-/// The journal of the last apply, or nothing for one that is damaged. Throws Failure where it cannot
-/// be read.
+/// The journal of the last apply, or nothing for one that is damaged. Throws Failure where it
+/// cannot be read.
 std::optional<formats::Journal> lastJournal(const releases::GameDirectory& game);
 
 /// Moves every file back, the last one first, and removes the folders that were made, those of the
-/// build-menu modifier too if it was on. Passes over every failure: what cannot be undone is told of
-/// as a move that failed. Undone once more, a journal takes nothing that is the game's own.
+/// build-menu modifier too if it was on. Passes over every failure: what cannot be undone is told
+/// of as a move that failed. Undone once more, a journal takes nothing that is the game's own.
 void undo(releases::GameDirectory& game, const formats::Journal& journal, bool modifierWasOn);
 
 } // namespace cycle

@@ -1,5 +1,6 @@
-// What the user wants in the game directory: one total conversion, one AI, any number of the others,
-// and the settings of the build-menu modifier. All that a window shows of it is derived from here.
+// What the user wants in the game directory: one total conversion, one AI, any number of the
+// others, and the settings of the build-menu modifier. All that a window shows of it is derived
+// from here.
 #pragma once
 
 #include <span>

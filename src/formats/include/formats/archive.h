@@ -63,8 +63,10 @@ class Archive {
     bool nameAt(std::uint32_t offset, std::string& name) const;
     void listAll(std::uint32_t root);
     void listFolder(const Folder& folder, std::vector<Folder>& open);
-    void extractStored(std::uint32_t offset, std::uint32_t size, const platform::PieceSink& sink) const;
-    void extractChunks(std::uint32_t offset, std::uint32_t size, const platform::PieceSink& sink) const;
+    void extractStored(std::uint32_t offset, std::uint32_t size,
+                       const platform::PieceSink& sink) const;
+    void extractChunks(std::uint32_t offset, std::uint32_t size,
+                       const platform::PieceSink& sink) const;
 
     Bytes bytes_;
     bool encrypted_;

@@ -17,8 +17,8 @@ std::string shownCodes(const std::vector<std::string>& codes);
 std::string codesText(std::string_view typed);
 
 /// Whether a release with codes fits a total conversion with codes, as sets, case ignored. "*" and
-/// "any" fit all, but only where a release has them. A conversion without codes takes everything; an
-/// empty code of a release fits any conversion.
+/// "any" fit all, but only where a release has them. A conversion without codes takes everything;
+/// an empty code of a release fits any conversion.
 bool areCompatible(const std::vector<std::string>& release,
                    const std::vector<std::string>& conversion);
 

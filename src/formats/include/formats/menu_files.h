@@ -1,5 +1,5 @@
-// The files that hold build menus: GUI pages and download TDFs, read line by line into a menu table,
-// and the download TDFs that are generated out of one.
+// The files that hold build menus: GUI pages and download TDFs, read line by line into a menu
+// table, and the download TDFs that are generated out of one.
 #pragma once
 
 #include <string>

@@ -26,8 +26,8 @@ class ZipReader {
 
     /// Throws Failure if the bytes are no zip archive.
     explicit ZipReader(std::span<const std::uint8_t> bytes);
-    /// Reads a file piece by piece: it may be cut short by others meanwhile. Throws Failure if it is
-    /// no zip archive.
+    /// Reads a file piece by piece: it may be cut short by others meanwhile. Throws Failure if it
+    /// is no zip archive.
     explicit ZipReader(std::unique_ptr<platform::FileReader> file);
     ~ZipReader();
     ZipReader(const ZipReader&) = delete;

@@ -12,7 +12,8 @@ struct Question {
     std::string text;
     std::vector<std::string> buttons = {}; ///< with OK alone it is told, not asked
     std::size_t defaultButton = 0;
-    std::string detail = {}; ///< the reason behind the text, in words that are not the program's own
+    std::string detail =
+        {}; ///< the reason behind the text, in words that are not the program's own
 };
 
 /// A row of questions that ask the same of one file after the other. From the third one on the rest

@@ -24,7 +24,7 @@ struct TypeInfo {
     std::string_view typeName = {};  ///< in questions to the user
     Choice choice = Choice::many;
     bool hasLooseFolder = false; ///< files in its "Misc" folder are releases of their own
-    int tab = 0;             ///< its place among the tabs and the selection files, from 0
+    int tab = 0;                 ///< its place among the tabs and the selection files, from 0
     std::string_view tabCaption = {};
     int wizardRow = 0; ///< its place in the add wizard's list of types, from 0
     std::string_view selectionFile = {};
@@ -33,7 +33,8 @@ struct TypeInfo {
     std::string_view boxName = {};     ///< of the box "txtSel..." beside it
     std::string_view label = {};
     std::string_view firstSummary = {}; ///< in the box before the selection was read
-    std::string_view enabled = {};      ///< behind the number of names, as long as its tab was not opened
+    std::string_view enabled =
+        {}; ///< behind the number of names, as long as its tab was not opened
     std::string_view selected = {};     ///< behind the number of names, from then on
     std::string_view aboutHeading = {}; ///< of its tab, as the two texts below; of types with many
     std::string_view about = {};
@@ -61,7 +62,8 @@ bool isDefaultRelease(std::string_view displayName);
 /// The folder of the data tree, below the game directory.
 inline constexpr std::string_view dataTree = "Vexillum";
 
-/// What stands behind a type's prefix in the name of a release's folder; nothing for another type's.
+/// What stands behind a type's prefix in the name of a release's folder; nothing for another
+/// type's.
 std::optional<std::string_view> withoutPrefix(std::string_view folder, ReleaseType type);
 /// Whether what stands behind the prefix is the folder of loose releases.
 bool isLooseFolder(std::string_view name, ReleaseType type);

@@ -17,7 +17,8 @@ namespace releases {
 struct ReleaseTexts {
     /// Paths of files that are there.
     std::optional<std::string> readme;
-    std::optional<std::string> about; ///< its lines, each with a line break; nothing if there is none
+    std::optional<std::string>
+        about; ///< its lines, each with a line break; nothing if there is none
     std::optional<std::vector<std::string>> codes;
 };
 
@@ -40,14 +41,15 @@ class Store {
     /// The absolute path of a release's folder, whether there is one or not.
     std::string folderOf(ReleaseType type, std::string_view displayName) const;
 
-    /// A release without a folder is taken for a loose file. What cannot be read shows as not there.
+    /// A release without a folder is taken for a loose file. What cannot be read shows as not
+    /// there.
     ReleaseTexts textsOf(ReleaseType type, std::string_view displayName) const;
 
     /// Gives a release's folder another name. Returns why that could not be done, or nothing.
     std::string rename(ReleaseType type, std::string_view oldName, std::string_view newName) const;
 
-    /// Removes a release with its folder, or a loose file with the text beside it. Passes over every
-    /// failure.
+    /// Removes a release with its folder, or a loose file with the text beside it. Passes over
+    /// every failure.
     void remove(ReleaseType type, std::string_view displayName) const;
 
   private:

@@ -21,8 +21,8 @@ class TamImport {
     explicit TamImport(GameDirectory& game) : game_(game) {}
 
     /// Converts the release of a data file, by its path in the system's form, into a new release of
-    /// a type. False where it was not converted to the end; the user has been told why, and what was
-    /// made by then stays.
+    /// a type. False where it was not converted to the end; the user has been told why, and what
+    /// was made by then stays.
     bool convert(formats::TamType type, const std::string& path, const std::string& shortType);
 
     const std::vector<Added>& added() const { return added_; }

@@ -53,7 +53,7 @@ class frmAdd : public Window {
     TextBox txt3ReadMe{*this, "txt3ReadMe", line};
     Button cmd3Browse{*this, "cmd3Browse", "Browse..."};
     Label lbl3CCodes{*this, "lbl3CCodes",
-                               "Compatibility Codes (Power Users; Separate With Spaces):"};
+                     "Compatibility Codes (Power Users; Separate With Spaces):"};
     TextBox txt3CCodes{*this, "txt3CCodes", line};
     Button cmd3prev{*this, "cmd3prev", "Previous Step"};
     Button cmd3next{*this, "cmd3next", "Finish"};

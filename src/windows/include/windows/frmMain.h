@@ -1,6 +1,6 @@
 // The main window: its controls, its event procedures, and one place that shows what the selection
-// and the release at hand make of them. What is chosen, stored, planned and moved is the work of the
-// rooms below.
+// and the release at hand make of them. What is chosen, stored, planned and moved is the work of
+// the rooms below.
 #pragma once
 
 #include <functional>
@@ -94,8 +94,8 @@ class frmMain : public Window {
     MenuItem mnuMMenable{*this, mnuMenuModifier, "mnuMMenable", "&Use Trellis", "Ctrl+M"};
     MenuItem mnuMMsettings{
         *this, mnuMenuModifier, "mnuMMsettings", " (Requires 1024x768 Res. Minimum)", "", disabled};
-    MenuItem mnuMMsmall{
-        *this, mnuMenuModifier, "mnuMMsmall", "&Small Version (800x600 Res. Min.)", "", disabled};
+    MenuItem mnuMMsmall{*this, mnuMenuModifier, "mnuMMsmall", "&Small Version (800x600 Res. Min.)",
+                        "",    disabled};
     MenuItem mnuMMcompress{*this, mnuMenuModifier, "mnuMMcompress", "&Compress Menus",
                            "",    disabled};
     Menu mnuSettings{*this, "mnuSettings", "&Conflict Finder"};

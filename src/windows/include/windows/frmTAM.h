@@ -35,14 +35,12 @@ class frmTAM : public Window {
     Button cmd1Prev{*this, "cmd1Prev", "Cancel"};
     Button cmd1Next{*this, "cmd1Next", "Next"};
     Frame fra2step{*this, "fra2step", "Step 2: Locate TAM Data File"};
-    TextBox txt2Loc{*this, "txt2Loc", TextBox::Kind::readOnlyLine,
-                              "(TAM Data File Location)"};
+    TextBox txt2Loc{*this, "txt2Loc", TextBox::Kind::readOnlyLine, "(TAM Data File Location)"};
     Button cmd2Browse{*this, "cmd2Browse", "Browse..."};
     Button cmd2Prev{*this, "cmd2Prev", "Back"};
     Button cmd2Next{*this, "cmd2Next", "Next"};
     Frame fra3step{*this, "fra3step", "Step 3: Finsihed!"};
-    Label lbl3info{*this, "lbl3info",
-                             "The Following Files Were Added To Your TA Directory:"};
+    Label lbl3info{*this, "lbl3info", "The Following Files Were Added To Your TA Directory:"};
     ListBox lst3files{*this, "lst3files"};
     Button cmd3prev{*this, "cmd3prev", "Back"};
     Button cmd3next{*this, "cmd3next", "Finish"};
