@@ -13,6 +13,8 @@
 namespace cycle {
 namespace {
 
+constexpr std::string_view cleanedFiles = "CleanedFiles";
+
 using Names = std::span<const std::string_view>;
 
 constexpr std::array<std::string_view, 2> programs = {"vexillum.exe", "totala.exe"};
@@ -33,7 +35,7 @@ bool stays(const std::string& file) {
 } // namespace
 
 void cleanGameDirectory(releases::GameDirectory& game, std::string_view programName) {
-    const auto cleaned = game.at("CleanedFiles");
+    const auto cleaned = game.at(cleanedFiles);
     platform::attempt([&] { game.disk().makeFolder(cleaned); });
     game.beginMoves();
     const auto move = [&](const std::string& name) {
@@ -49,7 +51,8 @@ void cleanGameDirectory(releases::GameDirectory& game, std::string_view programN
     game.folderArray(names, game.TADir());
     for (const auto& name : names.entries()) {
         game.log().breathe();
-        if (!platform::equalIgnoringCase(name, releases::dataTree))
+        if (!platform::equalIgnoringCase(name, releases::dataTree) &&
+            !platform::equalIgnoringCase(name, cleanedFiles))
             move(name);
     }
 }

@@ -69,21 +69,23 @@ bool GameDirectory::DoesFolderExist(const std::string& folderToCheck) const {
 void GameDirectory::MoveFile(const std::string& FromFile, const std::string& ToFile) {
     if (FromFile.empty() || ToFile.empty() || FromFile == ToFile)
         return;
-    if (disk_.isInside(FromFile) && disk_.isInside(ToFile)) {
-        clsFileAPI operation(disk_);
-        operation.MoveFile(FromFile, ToFile);
-        if (!operation.refused())
-            return;
-    }
-    tellOfFailedMove(FromFile, ToFile);
+    clsFileAPI operation(disk_);
+    if (disk_.isInside(FromFile) && disk_.isInside(ToFile) &&
+        operation.MoveFile(FromFile, ToFile))
+        return;
+    tellOfFailedMove(FromFile, ToFile, operation.reason());
 }
 
-void GameDirectory::tellOfFailedMove(const std::string& from, const std::string& to) {
-    questions_.tell("I was trying to move \"" + platform::shownPath(from) + "\" to \"" +
+void GameDirectory::tellOfFailedMove(const std::string& from, const std::string& to,
+                                     const std::string& reason) {
+    questions_.ask({"I was trying to move \"" + platform::shownPath(from) + "\" to \"" +
                         platform::shownPath(to) +
                         "\" and failed.\r\n\r\nEither the source file was not found, or the "
                         "destination file already exists",
-                    &moveFailures_);
+                    {"OK"},
+                    0,
+                    reason},
+                   &moveFailures_);
 }
 
 void GameDirectory::CopyFile(const std::string& FromFile, const std::string& ToFile) const {

@@ -68,7 +68,7 @@ void frmMain::wire() {
         item.makeCheckable();
         item.onClick = [this, setting] {
             selection_.modifier.*setting = !(selection_.modifier.*setting);
-            show();
+            show(List::stays);
         };
     };
     using Settings = cycle::Selection::MenuModifier;

@@ -214,6 +214,11 @@ TEST(Cycle, a_folder_that_takes_no_files_brings_messages_and_loses_nothing) {
     const auto files = game.files();
     const auto applied = test::play(game, "tab Mods\nmark New\nclick cmdGo\n");
     EXPECT_TRUE(applied.endedItself);
+    const auto told = fieldOf(applied, "message", "text");
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_THAT(told[0], testing::StartsWith("I was trying to move \"" + game.folder() +
+                                             "/Vexillum/Mod-New/units/a.fbi\""));
+    EXPECT_THAT(fieldOf(applied, "message", "detail"), testing::ElementsAre("Not a directory"));
     EXPECT_EQ(game.content("b.ufo"), "new b");
     EXPECT_EQ(contents(game.files()), contents(files));
     test::play(game, "");

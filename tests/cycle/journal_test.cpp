@@ -79,6 +79,7 @@ TEST(Journal, damaged_texts_read_as_far_as_they_can_be_trusted) {
         {"MKDIRS\r\nMKDIRS\r\nMOVES\r\nMOVES\r\nMOVES\r\n", 1, 1},
         {"MKDIRS\r\nMOVES\r\ns\r\nd\r\nunpaired\r\n", 0, 1},
         {"MKDIRS\nMOVES\ns\nd\n", 0, 1},
+        {"MOVES\r\nx\r\nMKDIRS\r\na\r\nMOVES\r\ns\r\nd\r\n", 1, 1},
     };
     for (const auto& row : rows) {
         const auto journal = readJournal(row.text);

@@ -155,6 +155,15 @@ TEST(Archive, a_deep_nest_ends_with_the_longest_path) {
     ASSERT_TRUE(opened);
     for (std::size_t i = 0; i < opened->entries().size(); ++i)
         EXPECT_LE(opened->pathOf(i).size(), Archive::longestPath);
+    // To the letter: a path of the longest length is listed, one that is longer by one is not.
+    const auto folder = std::string(200, 'd') + "\\";
+    for (const auto& [letters, isListed] : {std::pair(std::size_t{0}, true), {1, false}}) {
+        const std::string leaf(Archive::longestPath - folder.size() + letters, 'x');
+        const auto bytes = packArchive({{folder + leaf, "x"}});
+        const auto exact = Archive::open(asBytes(bytes));
+        ASSERT_TRUE(exact);
+        EXPECT_EQ(exact->entries().size(), isListed ? 2U : 1U) << letters << " over";
+    }
 }
 
 /// An archive of one file, and where the fields of its chunk lie.

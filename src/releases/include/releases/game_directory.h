@@ -44,10 +44,12 @@ class GameDirectory {
     bool DoesFileExist(const std::string& fileToCheck) const;
     bool DoesFolderExist(const std::string& folderToCheck) const;
 
-    /// Never overwrites: refuses, with a message, unless the source is there and its place free.
+    /// Never overwrites: refuses, with a message, unless the source is there and its place free. A
+    /// move that the system refuses is told of with the system's reason.
     void MoveFile(const std::string& FromFile, const std::string& ToFile);
-    /// Tells of a move that was not tried, with the message of one that failed.
-    void tellOfFailedMove(const std::string& from, const std::string& to);
+    /// Tells of a move that failed, or was not tried. The reason is the system's, if it gave one.
+    void tellOfFailedMove(const std::string& from, const std::string& to,
+                          const std::string& reason = {});
     /// The messages of failed moves from here on are a row of their own.
     void beginMoves() { moveFailures_ = {}; }
 

@@ -61,9 +61,6 @@ class Control : public Element {
     /// The window that it stands in.
     Window& window() const { return window_; }
 
-    /// Free for the owner's use.
-    std::string tag;
-
   private:
     Window& window_;
 };
