@@ -5,8 +5,8 @@
 
 #include <shellapi.h>
 
-#include "platform/failure.h"
 #include "platform/disk.h"
+#include "platform/failure.h"
 #include "system_text.h"
 
 namespace platform {
