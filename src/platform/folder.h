@@ -41,7 +41,8 @@ class Folder {
     }
     void noteOpened(const std::string& name) { opened_.insert(name); }
 
-    /// The program's own changes. Each changes the folder's time too.
+    /// The program's own changes: a name that was not there, one that was, or neither. Each changes
+    /// the folder's time too.
     void noteAdded(const std::string& name);
     void noteRemoved(const std::string& name);
     void noteChanged() { isInDoubt_ = true; }

@@ -14,6 +14,7 @@ namespace platform {
 class NameIndex {
   public:
     void assign(const std::vector<RawName>& names);
+    /// A name that is not there yet.
     void add(std::string_view name);
     /// Forgets that spelling, or the only other one.
     void remove(std::string_view name);

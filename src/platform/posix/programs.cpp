@@ -11,8 +11,8 @@
 #include <spawn.h>
 #include <unistd.h>
 
-#include "platform/failure.h"
 #include "platform/disk.h"
+#include "platform/failure.h"
 
 // NOLINTNEXTLINE(readability-redundant-declaration): not every C library declares it
 extern char** environ;
