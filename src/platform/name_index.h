@@ -19,6 +19,8 @@ class NameIndex {
     /// Forgets that spelling, or the only other one.
     void remove(std::string_view name);
 
+    bool isEmpty() const { return names_.empty(); }
+
     /// Of several spellings the first by bytes, so that it does not depend on the disk's order.
     std::optional<std::string> find(std::string_view name) const;
 
