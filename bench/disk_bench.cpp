@@ -116,6 +116,7 @@ Seconds movesBeside(const fs::path& where, int files) {
     // The first look at a folder lists it.
     game.disk->kindOf(game.in("big\\none"));
     std::vector<Seconds> times;
+    times.reserve(rounds);
     for (int i = 0; i < rounds; ++i)
         times.push_back(game.timeOf(list, false) + game.timeOf(list, true));
     return bench::median(times);

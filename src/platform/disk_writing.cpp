@@ -19,6 +19,11 @@ struct Disk::Target {
     FolderPtr folder;
     std::string leaf; ///< in the spelling of the disk if it has one
     std::optional<RawEntry> old;
+
+    void noteWritten() const {
+        if (!old)
+            folder->noteAdded(leaf);
+    }
 };
 
 Disk::Target Disk::targetOf(const Spot& spot, const std::string& path) {
@@ -46,6 +51,7 @@ void Disk::writePieces(const std::string& path,
             part.replace(target.leaf);
         },
         [&] { part.discard(); });
+    target.noteWritten();
 }
 
 void Disk::writeFile(const std::string& path, std::string_view bytes) {
@@ -63,7 +69,7 @@ void Disk::writeFile(const std::string& path, std::string_view bytes) {
                raw_->unlink(folder.raw(), target.leaf);
                folder.noteChanged();
            });
-    folder.noteAdded(target.leaf);
+    target.noteWritten();
 }
 
 void Disk::overwrite(const Target& target, const std::string& path, std::string_view bytes) {
@@ -93,6 +99,7 @@ void Disk::replaceFile(const std::string& path, std::string_view bytes) {
             throw;
         return overwrite(target, path, bytes);
     }
+    target.noteWritten();
     check(folders_->syncWayTo(path), "write", path);
 }
 
@@ -116,6 +123,7 @@ void Disk::copyFile(const std::string& from, const std::string& to,
                     part.replace(target.leaf);
                 },
                 [&] { part.discard(); });
+            target.noteWritten();
         },
         [&] { made.undo(*raw_); });
 }

@@ -5,7 +5,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_set>
 
 #include "name_index.h"
 #include "platform/disk.h"
@@ -37,11 +36,15 @@ class Folder {
 
     /// Whether a path led through the entry, so that its new name must be found anew.
     bool wasOpened(const std::string& name) const {
-        return !opened_.empty() && opened_.contains(name);
+        return !opened_.isEmpty() && opened_.find(name).has_value();
     }
-    void noteOpened(const std::string& name) { opened_.insert(name); }
+    void noteOpened(const std::string& name) {
+        if (!opened_.find(name))
+            opened_.add(name);
+    }
 
-    /// The program's own changes. Each changes the folder's time too.
+    /// The program's own changes: a name that was not there, one that was, or neither. Each changes
+    /// the folder's time too.
     void noteAdded(const std::string& name);
     void noteRemoved(const std::string& name);
     void noteChanged() { isInDoubt_ = true; }
@@ -54,7 +57,8 @@ class Folder {
 
     RawDisk& disk_;
     std::unique_ptr<RawFolder> raw_;
-    std::unordered_set<std::string> opened_;
+    /// In any case: the system may have taken another spelling.
+    NameIndex opened_;
 
     NameIndex names_;
     bool isListed_ = false;

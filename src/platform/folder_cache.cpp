@@ -121,7 +121,11 @@ std::string FolderCache::nameIn(const FolderPtr& parent, const std::string& part
     if (const auto known = parent->spelling(part))
         return *known;
     if (made != nullptr) {
-        check(disk_.makeFolder(parent->raw(), part), "make folder", part);
+        const auto error = disk_.makeFolder(parent->raw(), part);
+        // Somebody else may just have made it.
+        if (error == std::errc::file_exists)
+            return part;
+        check(error, "make folder", part);
         parent->noteAdded(part);
         made->add(parent, part);
     }

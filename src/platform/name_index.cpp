@@ -40,9 +40,7 @@ void NameIndex::assign(const std::vector<RawName>& names) {
 }
 
 void NameIndex::add(std::string_view name) {
-    const auto [first, last] = names_.equal_range(name);
-    if (std::find(first, last, name) == last)
-        names_.emplace(name);
+    names_.emplace(name);
 }
 
 void NameIndex::remove(std::string_view name) {

@@ -14,9 +14,12 @@ namespace platform {
 class NameIndex {
   public:
     void assign(const std::vector<RawName>& names);
+    /// A name that is not there yet.
     void add(std::string_view name);
     /// Forgets that spelling, or the only other one.
     void remove(std::string_view name);
+
+    bool isEmpty() const { return names_.empty(); }
 
     /// Of several spellings the first by bytes, so that it does not depend on the disk's order.
     std::optional<std::string> find(std::string_view name) const;

@@ -45,7 +45,7 @@ void PartFile::takeTimes(const RawEntry& model) {
 void PartFile::replace(const std::string& leaf) {
     file_.reset();
     check(disk_.renameOver(folder_.raw(), name_, folder_.raw(), leaf), "write", path_);
-    folder_.noteAdded(leaf);
+    folder_.noteChanged();
 }
 
 void PartFile::discard() {

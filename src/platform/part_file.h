@@ -30,7 +30,7 @@ class PartFile {
     void sync();
     /// As far as the disk can hold them.
     void takeTimes(const RawEntry& model);
-    /// Takes the place of an older file.
+    /// Takes its name, or the place of an older file.
     void replace(const std::string& leaf);
     /// Takes the file away again, or as much of it as is there.
     void discard();

@@ -140,6 +140,9 @@ TEST_P(DiskContract, a_folder_moves_whole_and_is_found_at_its_new_place_alone) {
     disk->moveEntry(in("from"), in("to\\there"));
     EXPECT_EQ(disk->readFile(in("to\\there\\deep\\a")), "a");
     EXPECT_EQ(disk->kindOf(in("from\\deep\\a")), EntryKind::none);
+    EXPECT_TRUE(disk->moveEntry(in("TO\\THERE"), in("back")));
+    EXPECT_EQ(disk->kindOf(in("to\\there\\deep\\a")), EntryKind::none) << "in another spelling";
+    EXPECT_EQ(disk->readFile(in("back\\deep\\a")), "a");
 }
 
 TEST_P(DiskContract, a_new_name_may_differ_in_case_alone) {

@@ -121,8 +121,9 @@ class Disk {
     void writeFile(const std::string& path, std::string_view bytes);
 
     /// The same in such a way that a crash or power cut leaves the old or the new file, whole. When
-    /// it returns, the new one is there to stay. In a folder that takes no new files the old file
-    /// is written over.
+    /// it returns, the new one is there to stay; only where that last step fails the new one is in
+    /// its place behind a failure. In a folder that takes no new files the old file is written over
+    /// and may be left cut.
     void replaceFile(const std::string& path, std::string_view bytes);
 
     /// Moves a file, link or folder, across disks too, and makes missing folders on the way to
