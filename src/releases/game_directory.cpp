@@ -70,8 +70,7 @@ void GameDirectory::MoveFile(const std::string& FromFile, const std::string& ToF
     if (FromFile.empty() || ToFile.empty() || FromFile == ToFile)
         return;
     clsFileAPI operation(disk_);
-    if (disk_.isInside(FromFile) && disk_.isInside(ToFile) &&
-        operation.MoveFile(FromFile, ToFile))
+    if (disk_.isInside(FromFile) && disk_.isInside(ToFile) && operation.MoveFile(FromFile, ToFile))
         return;
     tellOfFailedMove(FromFile, ToFile, operation.reason());
 }

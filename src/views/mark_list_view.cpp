@@ -56,9 +56,8 @@ bool MarkListView::isMarked(int row) const {
 }
 
 void MarkListView::toggle(int row) {
-    const auto index = rows_->index(row, 0);
-    // The list may have been filled anew since these rows were shown.
-    if (index.isValid() && items_->revision() == list_.revision())
+    // Where the list was filled anew since these rows were shown, the revision tells.
+    if (const auto index = rows_->index(row, 0); index.isValid())
         click_(list_.itemText(rows_->mapToSource(index).row()), items_->revision());
 }
 

@@ -1,5 +1,4 @@
-// The life of a window on the screen: what its widgets show, and the keys and drops that are its
-// own.
+// The window's part of the work: when its widgets are shown anew, and its own keys and drops.
 #include "views/window_view.h"
 
 #include <utility>

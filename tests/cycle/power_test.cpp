@@ -1,5 +1,5 @@
-// The whole cycle on a disk that forgets what was not synced: wherever the power goes, the next start
-// finds a journal that fits what is there.
+// The whole cycle on a disk that forgets what was not synced: wherever the power goes, the next
+// start finds a journal that fits what is there.
 #include <gtest/gtest.h>
 
 #include "cycle/apply.h"
@@ -65,7 +65,9 @@ class PowerTest : public testing::Test {
         selection.add(ReleaseType::mod, mod);
         carryOut(game, makePlan(game, selection));
     }
-    static void reset(releases::GameDirectory& game) { undo(game, lastJournal(game).value(), false); }
+    static void reset(releases::GameDirectory& game) {
+        undo(game, lastJournal(game).value(), false);
+    }
 
     std::shared_ptr<test::MemoryDisk> memory = std::make_shared<test::MemoryDisk>();
     test::ScriptedAnswers user;

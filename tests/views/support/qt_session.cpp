@@ -27,7 +27,10 @@ void answerBox(const windows::MessageBox& box, const windows::MessageAnswer& ans
     EXPECT_EQ(dialog->text(), shown(box.text));
     EXPECT_EQ(dialog->informativeText(), shown(box.detail));
     const auto buttons = dialog->buttons();
-    ASSERT_EQ(static_cast<std::size_t>(buttons.size()), box.buttons.size());
+    if (static_cast<std::size_t>(buttons.size()) != box.buttons.size()) {
+        ADD_FAILURE() << "there are " << buttons.size() << " buttons";
+        return dialog->done(0);
+    }
     for (std::size_t i = 0; i < box.buttons.size(); ++i)
         EXPECT_EQ(buttons[static_cast<qsizetype>(i)]->text(), "&" + shown(box.buttons[i]));
     EXPECT_EQ(dialog->defaultButton(), buttons[static_cast<qsizetype>(box.defaultButton)]);

@@ -96,6 +96,10 @@ void click(QWidget* widget, const QPoint& at) {
 }
 
 void perform(const headless::Gesture& gesture, QWidget& view) {
+    if (gesture.control == nullptr) {
+        view.close();
+        return;
+    }
     switch (gesture.kind) {
     case headless::Gesture::Kind::tab:
         return chooseTab(gesture, view);
@@ -108,7 +112,7 @@ void perform(const headless::Gesture& gesture, QWidget& view) {
     case headless::Gesture::Kind::type:
         return type(gesture, view);
     case headless::Gesture::Kind::close:
-        view.close();
+        break;
     }
 }
 

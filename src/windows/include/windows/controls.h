@@ -29,7 +29,8 @@ class Button : public Control {
   public:
     using Control::Control;
     std::function<void()> onClick;
-    /// What pressing it means while a procedure runs; null where it means a click for later.
+    /// What pressing it means while a procedure runs; null where it means a click for later. Null
+    /// again before the wish goes. A button with a wish is not greyed while its window rests.
     Wish* wish = nullptr;
 };
 
