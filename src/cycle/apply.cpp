@@ -6,18 +6,10 @@
 
 namespace cycle {
 
-using releases::StringArray;
-
 Plan makePlan(const releases::GameDirectory& game, const Selection& selection) {
-    const auto absolute = [&](const std::string& path) {
-        return path.empty() || path.starts_with('\\') ? game.TADir() + path : game.at(path);
+    const auto listings = [&](const std::string& path) {
+        return game.list(path.empty() ? game.TADir() : game.at(path));
     };
-    const Listings listings{[&](StringArray& names, const std::string& path) {
-                                return game.folderArray(names, absolute(path));
-                            },
-                            [&](StringArray& names, const std::string& path) {
-                                return game.fileArray(names, absolute(path));
-                            }};
     platform::MessageRow clashes;
     platform::MessageRow programs;
     return Plan::make(selection, listings,

@@ -25,18 +25,25 @@ void MoveList::clear(int slot) {
 }
 
 int MoveList::firstWithDest(std::string_view toPath) const {
-    const auto found = byDest_.find(platform::foldCase(toPath));
-    if (found == byDest_.end() || found->second.empty())
-        return -1;
-    return *std::min_element(found->second.begin(), found->second.end());
+    const auto [begin, end] = byDest_.equal_range(platform::hashIgnoringCase(toPath));
+    int first = -1;
+    for (auto at = begin; at != end; ++at)
+        if ((first == -1 || at->second < first) &&
+            platform::equalIgnoringCase((*this)[at->second].toPath, toPath))
+            first = at->second;
+    return first;
 }
 
 void MoveList::forget(int slot) {
-    std::erase(byDest_[platform::foldCase(at(slot).toPath)], slot);
+    const auto [begin, end] = byDest_.equal_range(platform::hashIgnoringCase(at(slot).toPath));
+    const auto known =
+        std::find_if(begin, end, [&](const auto& each) { return each.second == slot; });
+    if (known != end)
+        byDest_.erase(known);
 }
 
 void MoveList::remember(int slot) {
-    byDest_[platform::foldCase(at(slot).toPath)].push_back(slot);
+    byDest_.emplace(platform::hashIgnoringCase(at(slot).toPath), slot);
 }
 
 std::string cleanRelPath(std::string_view path) {

@@ -2,8 +2,7 @@
 // left its place before the release's file arrives.
 #include "cycle/plan.h"
 
-#include <optional>
-#include <unordered_map>
+#include <algorithm>
 
 #include "platform/text.h"
 
@@ -18,32 +17,35 @@ using Names = std::vector<std::string>;
 constexpr std::string_view gameProgram = "totala.exe";
 
 /// Text files at the root of a release, or of the game, are documentation.
-bool isDocumentation(std::string_view file, std::string_view sub) {
-    return sub.empty() && platform::endsWithIgnoringCase(file, ".txt");
+bool isDocumentation(std::string_view file, bool atRoot) {
+    return atRoot && platform::endsWithIgnoringCase(file, ".txt");
 }
 
-std::string subfolder(std::string_view name) {
-    return name.empty() ? std::string() : "\\" + std::string(name) + "\\";
+/// The path of what lies in a folder, with a backslash behind it, but for the game directory
+/// itself.
+std::string below(const std::string& folder) {
+    return folder.empty() ? folder : folder + "\\";
 }
 
-/// The files of a folder whose names stand for one entry whatever their case; nothing where the
-/// folder cannot be listed. A disk that tells case apart may hold two names alike, which could be
-/// moved, but not told apart on the way back.
-std::optional<Names> unmistakableFiles(const Listings& listings, const std::string& folder) {
-    StringArray files;
-    StringArray folders;
-    if (!listings.files(files, folder))
-        return std::nullopt;
-    listings.folders(folders, folder);
-    std::unordered_map<std::string, int> counts;
-    for (const auto& names : {files.entries(), folders.entries()})
-        for (const auto& name : names)
-            ++counts[platform::foldCase(name)];
-    Names names;
-    for (const auto& file : files.entries())
-        if (counts[platform::foldCase(file)] == 1)
-            names.push_back(file);
-    return names;
+/// The files of a folder whose names stand for one entry whatever their case. A disk that tells
+/// case apart may hold two names alike, which could be moved, but not told apart on the way back.
+/// In a listing they are neighbours.
+Names unmistakableFiles(const platform::FolderNames& names) {
+    const auto isAlike = [&](std::size_t a, std::size_t b) {
+        return a < names.files.size() && b < names.files.size() &&
+               platform::equalIgnoringCase(names.files[a], names.files[b]);
+    };
+    Names files;
+    files.reserve(names.files.size());
+    const auto isBefore = [](const std::string& a, const std::string& b) {
+        return platform::lessIgnoringCase(a, b) && !platform::equalIgnoringCase(a, b);
+    };
+    for (std::size_t i = 0; i < names.files.size(); ++i)
+        if (!isAlike(i, i - 1) && !isAlike(i, i + 1) &&
+            !std::binary_search(names.folders.begin(), names.folders.end(), names.files[i],
+                                isBefore))
+            files.push_back(names.files[i]);
+    return files;
 }
 
 } // namespace
@@ -59,14 +61,19 @@ Plan Plan::make(const Selection& selection, const Listings& listings, const Answ
 }
 
 void Plan::gatherGame(const Listings& listings) {
-    StringArray folders;
-    listings.folders(folders, "");
-    for (const auto& folder : folders.slots()) {
-        const auto sub = subfolder(folder);
-        for (const auto& file : unmistakableFiles(listings, sub).value_or(Names()))
-            if (!isDocumentation(file, sub))
-                addMove(moves_, sub + file, sub + file, ReleaseType::tc, defaultTC);
-    }
+    const auto book = [&](const std::string& folder, const platform::FolderNames& names) {
+        for (const auto& file : unmistakableFiles(names))
+            if (!isDocumentation(file, folder.empty()))
+                addMove(moves_, below(folder) + file, below(folder) + file, ReleaseType::tc,
+                        defaultTC);
+    };
+    const auto root = listings("");
+    if (!root)
+        return;
+    book("", *root);
+    for (const auto& folder : root->folders)
+        if (const auto names = listings(folder))
+            book(folder, *names);
 }
 
 void Plan::gatherRelease(ReleaseType type, const std::string& name, const Listings& listings,
@@ -76,37 +83,40 @@ void Plan::gatherRelease(ReleaseType type, const std::string& name, const Listin
         return;
     const auto folder =
         std::string(dataTree) + "\\" + std::string(infoOf(type).shortName) + "-" + folderForm(name);
-    StringArray subfolders;
-    listings.folders(subfolders, folder);
-    for (const auto& subName : subfolders.slots()) {
-        if (!subName.empty())
-            arrayAdd(mkdirs_, subName, Duplicates::refused);
-        const auto sub = subfolder(subName);
-        if (const auto files = unmistakableFiles(listings, folder + sub))
-            gatherFolder(type, name, folder, *files, sub, answers);
-        else if (infoOf(type).hasLooseFolder && sub.empty())
-            gatherLoose(type, name, listings, answers);
+    const auto root = listings(folder);
+    if (!root)
+        return gatherLoose(type, name, listings, answers);
+    gatherFolder(type, name, folder, "", *root, answers);
+    for (const auto& sub : root->folders) {
+        arrayAdd(mkdirs_, sub, Duplicates::refused);
+        if (const auto names = listings(below(folder) + sub))
+            gatherFolder(type, name, below(folder) + sub, sub, *names, answers);
     }
 }
 
-void Plan::gatherFolder(ReleaseType type, const std::string& name, const std::string& folder,
-                        const Names& files, const std::string& sub, const Answers& answers) {
-    for (const auto& file : files) {
-        if (isDocumentation(file, sub))
+void Plan::gatherFolder(ReleaseType type, const std::string& name, const std::string& from,
+                        const std::string& to, const platform::FolderNames& names,
+                        const Answers& answers) {
+    for (const auto& file : unmistakableFiles(names)) {
+        if (isDocumentation(file, to.empty()))
             continue;
-        addMove(moves_, folder + "\\" + sub + file, sub + file, type, name);
+        addMove(moves_, below(from) + file, below(to) + file, type, name);
         settleLast(answers);
     }
 }
 
+/// A release without a folder is one file, where its type has such releases.
 void Plan::gatherLoose(ReleaseType type, const std::string& name, const Listings& listings,
                        const Answers& answers) {
+    if (!infoOf(type).hasLooseFolder)
+        return;
     const auto looseFolder =
         std::string(dataTree) + "\\" + std::string(infoOf(type).shortName) + "-Misc";
     const auto [known, isFirst] = looseFiles_.try_emplace(type);
     if (isFirst)
-        for (const auto& file : unmistakableFiles(listings, looseFolder).value_or(Names()))
-            known->second.insert(platform::foldCase(file));
+        if (const auto names = listings(looseFolder))
+            for (const auto& file : unmistakableFiles(*names))
+                known->second.insert(platform::foldCase(file));
     if (!known->second.contains(platform::foldCase(name)))
         return;
     addMove(moves_, looseFolder + "\\" + folderForm(name), name, type, name);

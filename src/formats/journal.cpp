@@ -2,6 +2,7 @@
 #include "formats/journal.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -48,7 +49,7 @@ std::string humanText(const Journal& journal) {
 }
 
 std::optional<Journal> readJournal(std::string_view text) {
-    const auto lines = platform::splitLines(text);
+    auto lines = platform::splitLines(text);
     const auto head = std::find(lines.begin(), lines.end(), foldersHead);
     if (head == lines.end())
         return std::nullopt;
@@ -57,8 +58,9 @@ std::optional<Journal> readJournal(std::string_view text) {
         return std::nullopt;
     Journal journal;
     journal.folders.assign(head + 1, middle);
+    journal.moves.reserve(static_cast<std::size_t>(lines.end() - middle) / 2);
     for (auto at = middle + 1; at != lines.end() && at + 1 != lines.end(); at += 2)
-        journal.moves.push_back({*at, *(at + 1), {}, 0});
+        journal.moves.push_back({std::move(*at), std::move(*(at + 1)), {}, 0});
     return journal;
 }
 

@@ -77,28 +77,30 @@ EntryKind Disk::kindOf(const std::string& path) {
 }
 
 std::vector<std::string> Disk::folderNames(const std::string& path) {
-    return namesOf(path, true);
+    return list(path).folders;
 }
 
 std::vector<std::string> Disk::fileNames(const std::string& path) {
-    return namesOf(path, false);
+    return list(path).files;
 }
 
-std::vector<std::string> Disk::namesOf(const std::string& path, bool folders) {
+FolderNames Disk::list(const std::string& path) {
     folders_->beginCall();
     const auto place = folders_->placeOf(path);
     const auto folder = folders_->open(place, place.parts.size());
     std::vector<RawName> entries;
     check(raw_->list(folder->raw(), entries), "list", path);
-    std::vector<std::string> names;
+    FolderNames names;
     for (auto& entry : entries) {
-        const bool isWanted = folders ? entry.kind == RawKind::folder
-                                      : !entry.isHidden && (entry.kind == RawKind::file ||
-                                                            entry.kind == RawKind::link);
-        if (isWanted && isExpressible(entry.name))
-            names.push_back(std::move(entry.name));
+        if (!isExpressible(entry.name))
+            continue;
+        if (entry.kind == RawKind::folder)
+            names.folders.push_back(std::move(entry.name));
+        else if (!entry.isHidden && (entry.kind == RawKind::file || entry.kind == RawKind::link))
+            names.files.push_back(std::move(entry.name));
     }
-    std::sort(names.begin(), names.end(), lessIgnoringCase);
+    for (auto* each : {&names.folders, &names.files})
+        std::sort(each->begin(), each->end(), lessIgnoringCase);
     return names;
 }
 

@@ -2,30 +2,12 @@
 #include "name_index.h"
 
 #include <algorithm>
-#include <cstdint>
 
 #include "platform/text.h"
 
 namespace platform {
-namespace {
-
-/// FNV-1a over lower case.
-std::size_t hashOfAscii(std::string_view name) {
-    std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const char c : name) {
-        const auto byte = static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
-        hash = (hash ^ byte) * 0x100000001B3U;
-    }
-    return static_cast<std::size_t>(hash);
-}
-
-} // namespace
-
 std::size_t NameIndex::Hash::operator()(std::string_view name) const {
-    const bool isAscii = std::all_of(name.begin(), name.end(),
-                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    // Some letters fold to plain ASCII, so both ways must hash alike.
-    return isAscii ? hashOfAscii(name) : hashOfAscii(foldCase(name));
+    return hashIgnoringCase(name);
 }
 
 bool NameIndex::Equal::operator()(std::string_view a, std::string_view b) const {

@@ -36,9 +36,25 @@ bool namesDrive(std::string_view text, std::string_view part, bool isFirst,
     return isFirst && isDrive(part) && text.find_first_not_of('\\', part.size()) != text.npos;
 }
 
+/// Most paths have nothing in them that any rule looks at: no separator but single backslashes
+/// between parts, no colon, no control and no part that begins with a dot.
+bool isHarmless(std::string_view text, const PathRules& rules) {
+    if (text.size() > rules.longest)
+        return false;
+    bool isStart = true;
+    for (const char c : text) {
+        if (c == '/' || c == ':' || isControl(c) || (isStart && (c == '.' || c == '\\')))
+            return false;
+        isStart = c == '\\';
+    }
+    return !isStart;
+}
+
 } // namespace
 
 bool RelativePath::accepts(std::string_view text, const PathRules& rules) {
+    if (isHarmless(text, rules))
+        return true;
     const auto separators = separatorsOf(rules);
     if (text.empty() || separators.find(text.front()) != separators.npos)
         return false;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include <utf8proc.h>
 
@@ -96,6 +97,17 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
     if (at == a.size() || at == b.size())
         return a.size() == b.size();
     return foldCase(a.substr(at)) == foldCase(b.substr(at));
+}
+
+std::size_t hashIgnoringCase(std::string_view text) {
+    // FNV-1a. Some letters fold to plain ASCII, so both ways must hash alike.
+    const auto hashOf = [](std::string_view plain) {
+        std::uint64_t hash = 0xCBF29CE484222325U;
+        for (const char c : plain)
+            hash = (hash ^ static_cast<unsigned char>(foldAscii(c))) * 0x100000001B3U;
+        return static_cast<std::size_t>(hash);
+    };
+    return isAscii(text) ? hashOf(text) : hashOf(foldCase(text));
 }
 
 bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {

@@ -26,6 +26,13 @@ std::string GameDirectory::inDataTree(std::string_view relativePath) const {
     return at(std::string(dataTree) + "\\" + std::string(relativePath));
 }
 
+std::optional<platform::FolderNames> GameDirectory::list(const std::string& thePath) const {
+    std::optional<platform::FolderNames> names;
+    platform::attempt([&] { names = disk_.list(thePath); });
+    log_.breathe();
+    return names;
+}
+
 bool GameDirectory::folderArray(StringArray& theArray, const std::string& thePath) const {
     theArray.clear();
     return platform::attempt([&] {
@@ -69,10 +76,14 @@ bool GameDirectory::DoesFolderExist(const std::string& folderToCheck) const {
 void GameDirectory::MoveFile(const std::string& FromFile, const std::string& ToFile) {
     if (FromFile.empty() || ToFile.empty() || FromFile == ToFile)
         return;
-    clsFileAPI operation(disk_);
-    if (disk_.isInside(FromFile) && disk_.isInside(ToFile) && operation.MoveFile(FromFile, ToFile))
-        return;
-    tellOfFailedMove(FromFile, ToFile, operation.reason());
+    std::string reason;
+    try {
+        if (disk_.isInside(FromFile) && disk_.isInside(ToFile) && disk_.moveEntry(FromFile, ToFile))
+            return;
+    } catch (const platform::Failure& failure) {
+        reason = failure.reason();
+    }
+    tellOfFailedMove(FromFile, ToFile, reason);
 }
 
 void GameDirectory::tellOfFailedMove(const std::string& from, const std::string& to,

@@ -2,8 +2,7 @@
 #include "releases/tam_import.h"
 
 #include "platform/failure.h"
-#include "platform/paths.h"
-#include "platform/text.h"
+#include "platform/relative_path.h"
 #include "releases/release_types.h"
 
 namespace releases {
@@ -11,11 +10,8 @@ namespace {
 
 /// With one kind of separator, and without parts that name the folder itself.
 std::string plainPath(const std::string& path) {
-    std::string plain;
-    for (const auto& part : platform::splitPath(platform::replaceAll(path, "/", "\\")))
-        if (part != ".")
-            plain += (plain.empty() ? "" : "\\") + part;
-    return plain;
+    const auto plain = platform::RelativePath::parse(path);
+    return plain ? plain->text() : std::string();
 }
 
 } // namespace

@@ -1,4 +1,6 @@
 // The journal's two texts, and reading back the one that counts.
+#include <map>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,29 +14,18 @@ using formats::humanText;
 using formats::journalText;
 using formats::readJournal;
 using releases::ReleaseType;
-using releases::StringArray;
-
-/// Listings of a few folders by their path.
-Listings listingsOf(std::map<std::string, StringArray> folders,
-                    std::map<std::string, StringArray> files) {
-    const auto lookUp = [](auto tree) {
-        return [tree](StringArray& names, const std::string& path) {
-            const auto found = tree.find(path);
-            if (found != tree.end())
-                names = found->second;
-            return found != tree.end();
-        };
-    };
-    return {lookUp(std::move(folders)), lookUp(std::move(files))};
-}
 
 TEST(Journal, both_texts_list_what_changes_and_nothing_else) {
-    const auto listings = listingsOf({{"", {"units"}}, {"Vexillum\\Map-Foo", {"MOVES", "units"}}},
-                                     {{"", {"totala.exe", "readme.TXT"}},
-                                      {"\\units\\", {"a.fbi", "note.txt"}},
-                                      {"Vexillum\\Map-Foo", {"info.txt"}},
-                                      {"Vexillum\\Map-Foo\\MOVES\\", {"m.ufo"}},
-                                      {"Vexillum\\Map-Foo\\units\\", {"A.FBI"}}});
+    const std::map<std::string, platform::FolderNames> tree = {
+        {"", {{"units"}, {"readme.TXT", "totala.exe"}}},
+        {"units", {{}, {"a.fbi", "note.txt"}}},
+        {"Vexillum\\Map-Foo", {{"MOVES", "units"}, {"info.txt"}}},
+        {"Vexillum\\Map-Foo\\MOVES", {{}, {"m.ufo"}}},
+        {"Vexillum\\Map-Foo\\units", {{}, {"A.FBI"}}}};
+    const auto listings = [&](const std::string& path) {
+        const auto found = tree.find(path);
+        return found == tree.end() ? std::nullopt : std::optional(found->second);
+    };
     Plan plan;
     plan.gatherGame(listings);
     plan.gatherRelease(ReleaseType::map, "Foo", listings,

@@ -10,7 +10,6 @@ namespace cycle {
 namespace {
 
 using releases::ReleaseType;
-using releases::StringArray;
 
 struct Asked {
     std::vector<std::string> questions;
@@ -133,27 +132,18 @@ class Tree {
   public:
     Tree& folder(const std::string& path, std::vector<std::string> folders,
                  std::vector<std::string> files) {
-        folders_[path] = std::move(folders);
-        files_[path] = std::move(files);
+        names_[path] = {std::move(folders), std::move(files)};
         return *this;
     }
-    Listings listings() const { return {lookUp(folders_), lookUp(files_)}; }
-
-  private:
-    using Names = std::map<std::string, std::vector<std::string>>;
-    static Listings::List lookUp(const Names& tree) {
-        return [&tree](StringArray& names, const std::string& path) {
-            const auto found = tree.find(path);
-            if (found == tree.end())
-                return false;
-            names.clear();
-            for (const auto& name : found->second)
-                names.add(name);
-            return true;
+    Listings listings() const {
+        return [this](const std::string& path) {
+            const auto found = names_.find(path);
+            return found == names_.end() ? std::nullopt : std::optional(found->second);
         };
     }
-    Names folders_;
-    Names files_;
+
+  private:
+    std::map<std::string, platform::FolderNames> names_;
 };
 
 Selection modsSelected(std::initializer_list<const char*> names) {
@@ -166,11 +156,11 @@ Selection modsSelected(std::initializer_list<const char*> names) {
 TEST(Plan, keeps_every_clash_with_its_winner_and_why) {
     Tree tree;
     tree.folder("", {"units"}, {"TOTALA.EXE"})
-        .folder("\\units\\", {}, {"a"})
+        .folder("units", {}, {"a"})
         .folder("Vexillum\\Mod-One", {"UNITS"}, {"race.exe"})
-        .folder("Vexillum\\Mod-One\\UNITS\\", {}, {"A"})
+        .folder("Vexillum\\Mod-One\\UNITS", {}, {"A"})
         .folder("Vexillum\\Mod-Two", {"units"}, {})
-        .folder("Vexillum\\Mod-Two\\units\\", {}, {"a"});
+        .folder("Vexillum\\Mod-Two\\units", {}, {"a"});
     Asked asked;
     const auto plan = Plan::make(modsSelected({"One", "Two"}), tree.listings(), asked.answers());
     ASSERT_EQ(plan.clashes().size(), 3U);

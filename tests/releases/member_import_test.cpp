@@ -115,6 +115,16 @@ TEST_F(MemberImportTest, nothing_is_replaced_without_a_question) {
                           testing::StartsWith("\"c.txt\" could not be copied.")));
 }
 
+TEST_F(MemberImportTest, names_of_one_archive_that_differ_in_case_are_one_file) {
+    const auto pack =
+        test::packZip({{"Units/a.txt", "a"}, {"units/b.txt", "old"}, {"Units/B.txt", "new"}});
+    EXPECT_EQ(import({outside("pack.zip", pack)}, {"No"}), 2);
+    EXPECT_EQ(member("Units/b.txt"), "old");
+    EXPECT_FALSE(member("Units/B.txt"));
+    EXPECT_THAT(told,
+                testing::ElementsAre(testing::StartsWith("\"Units/B.txt\" is in the release's")));
+}
+
 TEST_F(MemberImportTest, a_damaged_archive_gives_what_is_healthy_in_it) {
     const auto healthy =
         test::packZip({{"a", std::string(1000, 'a')}, {"b", std::string(1000, 'b')}, {"c", "c"}},

@@ -49,8 +49,8 @@ class MoveList {
     void remember(int slot);
 
     std::vector<moveEntry> slots_;
-    /// Slots by their destination, case folded.
-    std::unordered_map<std::string, std::vector<int>> byDest_;
+    /// Slots by the hash of their destination, whatever its case.
+    std::unordered_multimap<std::size_t, int> byDest_;
 };
 
 /// Without leading backslashes, doubled ones made single.

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <unordered_set>
@@ -13,17 +14,15 @@
 #include "cycle/move_list.h"
 #include "cycle/selection.h"
 #include "formats/journal.h"
+#include "platform/disk.h"
 #include "releases/modArray.h"
 
 namespace cycle {
 
-/// The directory listings that the plan is made of, by paths relative to the game directory. False
-/// where there is no such folder, and then the array is as it was.
-struct Listings {
-    using List = std::function<bool(releases::StringArray& names, const std::string& relativePath)>;
-    List folders;
-    List files;
-};
+/// The directory listings that the plan is made of, by paths relative to the game directory, empty
+/// for that itself. Nothing where there is no such folder. Names are in the order of a listing.
+using Listings =
+    std::function<std::optional<platform::FolderNames>(const std::string& relativePath)>;
 
 class Plan {
   public:
@@ -47,9 +46,9 @@ class Plan {
     formats::Journal journal() const;
 
   private:
-    void gatherFolder(releases::ReleaseType type, const std::string& name,
-                      const std::string& folder, const std::vector<std::string>& files,
-                      const std::string& sub, const Answers& answers);
+    void gatherFolder(releases::ReleaseType type, const std::string& name, const std::string& from,
+                      const std::string& to, const platform::FolderNames& names,
+                      const Answers& answers);
     void gatherLoose(releases::ReleaseType type, const std::string& name, const Listings& listings,
                      const Answers& answers);
     void settleLast(const Answers& answers);

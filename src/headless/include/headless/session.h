@@ -12,7 +12,7 @@ namespace headless {
 
 /// Plays a script on a program's windows. The calls throw ScriptEnd, BadLine and TooManyBoxes, none
 /// of which the logic catches. Timers tick at once.
-class SessionToolkit final : public windows::Toolkit {
+class SessionToolkit : public windows::Toolkit {
   public:
     SessionToolkit(Script& script, Transcript transcript);
 

@@ -54,6 +54,12 @@ class FileReader {
 
 enum class EntryKind { none, file, folder };
 
+/// Bare names, ascending, case ignored.
+struct FolderNames {
+    std::vector<std::string> folders;
+    std::vector<std::string> files;
+};
+
 /// A disk under the program's own kind of path: bytes, parts set off by backslashes, case ignored
 /// on every system. An entry is found whatever its case; a new one takes the spelling given, while
 /// folders on the way to it keep the spelling they have.
@@ -91,8 +97,10 @@ class Disk {
     /// Never throws: what cannot be looked at is not there.
     EntryKind kindOf(const std::string& path);
 
-    /// Bare names, ascending, case ignored. Files leave out hidden and system files. Names that a
-    /// path of the program cannot express (a backslash or a line end in them) are left out.
+    /// What lies directly in a folder. Files leave out hidden and system files. Names that a path of
+    /// the program cannot express (a backslash or a line end in them) are left out.
+    FolderNames list(const std::string& path);
+    /// One half of it.
     std::vector<std::string> folderNames(const std::string& path);
     std::vector<std::string> fileNames(const std::string& path);
 
@@ -168,7 +176,6 @@ class Disk {
   private:
     struct Target;
 
-    std::vector<std::string> namesOf(const std::string& path, bool folders);
     std::unique_ptr<RawFile> openToRead(const std::string& path, std::string_view call,
                                         RawEntry& entry);
     Target targetOf(const Spot& spot, const std::string& path);

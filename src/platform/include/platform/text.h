@@ -16,6 +16,9 @@ std::string foldCase(std::string_view text);
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 bool endsWithIgnoringCase(std::string_view text, std::string_view ending);
 
+/// Texts that are equal whatever their case have the same hash.
+std::size_t hashIgnoringCase(std::string_view text);
+
 /// The order of every listing: ascending, case ignored; names that differ in case alone by bytes.
 bool lessIgnoringCase(std::string_view a, std::string_view b);
 

@@ -2,6 +2,7 @@
 // to change it. Whoever works on the game directory is handed one of these.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,9 @@ class GameDirectory {
     platform::Disk& disk() const { return disk_; }
     platform::Log& log() const { return log_; }
     platform::Questions& questions() const { return questions_; }
+
+    /// What lies directly in a folder; nothing for one that cannot be listed.
+    std::optional<platform::FolderNames> list(const std::string& thePath) const;
 
     /// The names of the folders, or files, directly in a folder. They catch failures: False for a
     /// folder that cannot be listed. `folderArray` then leaves the array empty, `fileArray` as it
