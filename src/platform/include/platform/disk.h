@@ -97,8 +97,8 @@ class Disk {
     /// Never throws: what cannot be looked at is not there.
     EntryKind kindOf(const std::string& path);
 
-    /// What lies directly in a folder. Files leave out hidden and system files. Names that a path of
-    /// the program cannot express (a backslash or a line end in them) are left out.
+    /// What lies directly in a folder. Files leave out hidden and system files. Names that a path
+    /// of the program cannot express (a backslash or a line end in them) are left out.
     FolderNames list(const std::string& path);
     /// One half of it.
     std::vector<std::string> folderNames(const std::string& path);
