@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
-# install.sh BUILD: putting the program into a game directory keeps what the user has there.
+# install.sh BUILD: putting the program into a game directory keeps what the user has there, and brings
+# no debug information.
 set -u
+source=$(cd "$(dirname "$0")/../.." && pwd)
 game=$(mktemp -d)
 trap 'rm -rf "$game"' EXIT
 status=0
-install() { cmake --install "$1" --component game --prefix "$game" >/dev/null || status=1; }
+install() { "$source/scripts/install" "$game" "$1" >/dev/null || status=1; }
 expect() {
     [ "$(cat "$game/$1" 2>&1)" = "$2" ] || { echo "$1 is: $(cat "$game/$1" 2>&1)"; status=1; }
 }
@@ -23,5 +25,8 @@ expect "vexillum/TC-Cavedog TA/info.txt" mine
 expect vexillum/VXL-Sel/selTC.txt ""
 grep -q '<h1>' "$game/vexillum/VXL-Help/Index.html" || { echo "the help page is the old one"; status=1; }
 [ -x "$game/Vexillum.exe" ] || { echo "the program is not there"; status=1; }
+sections=$(readelf -SW "$game/Vexillum.exe") && grep -qF .text <<<"$sections" ||
+    { echo "the program cannot be read"; status=1; }
+left=$(grep -oE '\.(debug_[a-z]+|symtab)' <<<"$sections") && { echo "the program still has" $left; status=1; }
 [ ! -e "$game/Vexillum" ] || { echo "a second data tree was made"; status=1; }
 exit $status
