@@ -154,6 +154,15 @@ constexpr bool standsInOrder() {
 }
 static_assert(standsInOrder(), "the rows stand in the order of their numbers");
 
+constexpr bool hasEachPlaceOnce(int TypeInfo::*place) {
+    for (std::size_t i = 0; i < types.size(); ++i)
+        if (std::ranges::count(types, static_cast<int>(i), place) != 1)
+            return false;
+    return true;
+}
+static_assert(hasEachPlaceOnce(&TypeInfo::tab), "each tab belongs to one type");
+static_assert(hasEachPlaceOnce(&TypeInfo::wizardRow), "each row of the wizard belongs to one type");
+
 } // namespace
 
 std::span<const TypeInfo> releaseTypes() {
@@ -181,7 +190,8 @@ const TypeInfo* typeOfTab(std::string_view caption) {
 }
 
 bool isDefaultRelease(std::string_view displayName) {
-    return displayName == defaultTC || displayName == defaultAI;
+    return std::ranges::any_of(
+        types, [&](const auto& row) { return row.isSingle() && row.defaultName == displayName; });
 }
 
 std::optional<std::string_view> withoutPrefix(std::string_view folder, ReleaseType type) {

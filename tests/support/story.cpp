@@ -5,7 +5,8 @@
 //   #: pack ARCHIVE ENTRY [*N] = TEXT    adds an entry, TEXT N times, to an archive
 //   #: spoil PATH            the last byte of a file is another
 //   #: start [COMMAND LINE]  a session with the script lines up to the next "#:" line
-//   #: cut N                 with the session before it: the power goes before the N-th change
+//   #: cut N PATH            with the session before it: the power goes before the N-th change of
+//   PATH
 //   #> EVENT                 what the user sees; "..." stands for any text
 //   #= CONTROL[.FIELD] TEXT  the state at this place of the script
 //   #: has PATH [= TEXT], #: no PATH
@@ -84,6 +85,8 @@ class Story {
         auto rest = blank == std::string::npos ? "" : line.substr(blank + 1);
         if (word == "cut") {
             cutAt_ = std::stoi(rest);
+            cutPath_ =
+                game_.folder() + "\\" + replaceAll(rest.substr(rest.find(' ') + 1), "/", "\\");
             return;
         }
         runSession();
@@ -162,6 +165,7 @@ class Story {
         script_.clear();
         expectations_.clear();
         cutAt_ = 0;
+        cutPath_.clear();
         lastWasState_ = false;
     }
 
@@ -169,8 +173,9 @@ class Story {
         if (!std::exchange(started_, false))
             return;
         const auto disk = platform::makeDisk();
-        FaultyDisk faulty(*disk, [this](int number, const std::string&) {
-            if (number == cutAt_)
+        int changes = 0;
+        FaultyDisk faulty(*disk, [&](int /*number*/, const std::string& path) {
+            if (platform::equalIgnoringCase(path, cutPath_) && ++changes == cutAt_)
                 throw PowerCut();
         });
         Session session;
@@ -247,6 +252,7 @@ class Story {
     std::string script_;
     std::vector<Expectation> expectations_;
     int cutAt_ = 0;
+    std::string cutPath_;
     bool lastWasState_ = false;
     int looks_ = 0;
     std::map<std::string, PackedFiles> packed_;

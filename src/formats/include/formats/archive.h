@@ -19,6 +19,7 @@ using Bytes = std::span<const std::uint8_t>;
 /// One archive in memory or mapped. The bytes must outlive it.
 class Archive {
   public:
+    /// Where an entry stands in the archive. Offsets are in bytes from its start, and lie in it.
     struct Entry {
         std::int32_t parent;  ///< index of the folder it lies in, -1 for the root
         std::uint32_t name;   ///< offset of the name
@@ -35,13 +36,17 @@ class Archive {
     /// that is empty, too long, leads away or has no end.
     static std::unique_ptr<Archive> open(Bytes bytes);
 
+    /// A folder comes ahead of what is in it. Two entries may have one path: which of them counts
+    /// is for the caller to say.
     const std::vector<Entry>& entries() const { return entries_; }
 
-    /// The names from the root down, joined by backslashes.
+    /// The names from the root down, joined by backslashes, in the bytes that the archive has. Put
+    /// together anew at each call: a listing holds no names.
     std::string pathOf(std::size_t entry) const;
 
-    /// Unpacks a file. Throws Failure where its data cannot be trusted; pieces may have been given
-    /// out by then. Memory stays below a few chunks.
+    /// Unpacks a file, by its place in `entries`. Throws Failure where its data cannot be trusted,
+    /// and for a folder; pieces may have been given out by then, so they go into something that
+    /// can be dropped. Memory stays below a few chunks.
     void extract(std::size_t entry, const platform::PieceSink& sink) const;
 
   private:

@@ -11,6 +11,8 @@
 
 namespace formats {
 
+// Menu and button numbers are the game's: menus from 2 to 8, buttons from 0 to 5. Whoever reads
+// them out of a file brings them into that range; nothing here looks again.
 inline constexpr int firstMenu = 2;
 inline constexpr int menuCount = 7;
 inline constexpr int lastMenu = firstMenu + menuCount - 1;
@@ -19,7 +21,7 @@ inline constexpr int buttonCount = 6;
 inline constexpr int anyPosition = -1;
 
 /// One builder's menu: seven menus, numbered from 2, of six buttons. An empty string is a free
-/// position. The name "igpatch" holds a position and produces nothing.
+/// position. The name "igpatch", in any case, holds a position and produces nothing.
 struct BuildMenu {
     std::string builderName;
     std::array<std::array<std::string, buttonCount>, menuCount> grid;
@@ -46,7 +48,8 @@ void forEachPosition(Visit&& visit) {
                 return;
 }
 
-/// The builders in the order in which they were first met.
+/// The builders in the order in which they were first met. Names of builders and units are compared
+/// with no regard to case.
 class MenuTable {
   public:
     /// Told of a unit that found no free position.
@@ -60,13 +63,16 @@ class MenuTable {
     int findBuilder(std::string_view name) const;
     bool builderHasUnit(std::string_view builder, std::string_view unit) const;
     /// Puts a unit on a builder's menu, once. Where the position is taken, or any is asked for, it
-    /// gets the first free one.
+    /// gets the first free one; without one it is told of and left out. The builder has the
+    /// spelling given last.
     void addMenuUnit(const std::string& builder, const std::string& unit, int menu, int button);
 
-    /// The first real unit of a record at or behind a position; -1 and -1 if there is none.
+    /// The first real unit of a record, by its place in `menus`, at or behind a position; -1 and -1
+    /// if there is none.
     MenuPosition nextMenuUnit(int index, int menu, int button) const;
 
-    /// Moves the real units of each menu to its head, in their order.
+    /// Moves the real units of each builder to the head of its menus, in their order. Placeholders
+    /// on the way give up their positions; those behind the last unit stay.
     void compress();
 
   private:
@@ -75,10 +81,10 @@ class MenuTable {
     NoRoom noRoom_;
 };
 
-/// `text` with blanks up to a width; a longer one unchanged.
+/// `text` with blanks up to a width in bytes; a longer one unchanged.
 std::string padRight(std::string_view text, std::size_t width);
 
-/// The table for a person to read.
+/// The table for a person to read, all seven menus of every builder. No program reads it back.
 std::string menuListText(const std::vector<BuildMenu>& menus);
 
 } // namespace formats

@@ -6,8 +6,8 @@
 
 namespace formats {
 
-/// The name without the characters that are not permitted: letters, digits, the blank and "()-./_"
-/// stay.
+/// The name without the characters that are not permitted: ASCII letters, digits, the blank and
+/// "()-./_" stay, every other byte goes. What is left may be empty, or a name like "..".
 std::string permittedPart(std::string_view name);
 
 } // namespace formats

@@ -9,7 +9,8 @@
 
 namespace formats {
 
-/// Paths are relative to the game directory.
+/// Paths are relative to the game directory, in the program's own form. Nothing here holds them
+/// against the rules for paths: a journal may be damaged, so the disk does.
 struct Journal {
     struct Move {
         std::string source;
@@ -22,14 +23,15 @@ struct Journal {
     std::vector<Move> moves;          ///< in the order of moving
 };
 
-/// The journal proper, read back at the next start.
+/// The journal proper, read back at the next start: a line for each folder, two for each move. A
+/// path with a line end in it cannot be told; the disk lists none.
 std::string journalText(const Journal& journal);
 
 /// The same facts laid out for a person.
 std::string humanText(const Journal& journal);
 
 /// Nothing if one of the words that head the two sections is missing. A last source that has no
-/// destination is passed over.
+/// destination is passed over: a journal that ends between two lines keeps its whole pairs.
 std::optional<Journal> readJournal(std::string_view text);
 
 } // namespace formats

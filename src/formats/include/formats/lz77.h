@@ -6,7 +6,8 @@
 
 namespace formats {
 
-/// Fills `to` from a chunk's data. False if the data ends early, gives another length than `to`
+/// Fills `to`, which has the length that is to come, from a chunk's data. Nothing outside the two
+/// is touched, whatever the data say. False if the data ends early, gives another length than `to`
 /// has, or does not end where it should.
 bool unpackLz77(std::span<const std::uint8_t> from, std::span<std::uint8_t> to);
 

@@ -14,7 +14,9 @@ namespace formats {
 /// A line without what follows its first ";", and without the blanks and tabs ahead.
 std::string_view cleanLine(std::string_view line);
 
-/// Takes in a GUI page line by line.
+/// Takes in a GUI page line by line. A gadget is a button of the menu by its height, 64 pixels, and
+/// its name is the unit's; each goes to any free position of the builder that the page is named
+/// for.
 class GuiPageReader {
   public:
     /// `skipPlaceholders` passes over the lines that name one.
@@ -22,6 +24,7 @@ class GuiPageReader {
         : table_(table), builder_(std::move(builder)), skipPlaceholders_(skipPlaceholders) {}
 
     void readLine(std::string_view line);
+    /// Whether a button of a menu was met so far.
     bool hasButtons() const { return hasButtons_; }
 
   private:
@@ -33,7 +36,8 @@ class GuiPageReader {
 };
 
 /// Takes in a download TDF line by line. A record is whole with the last of its four values, in any
-/// order; values carry over section heads until then.
+/// order; values carry over section heads until then. Numbers out of range are folded into it, and
+/// a record that the file leaves unfinished is dropped.
 class DownloadReader {
   public:
     explicit DownloadReader(MenuTable& table) : table_(table) {}
@@ -48,7 +52,7 @@ class DownloadReader {
     int button_ = anyPosition;
 };
 
-/// One place of a unit on a builder's menu.
+/// One place of a unit on a builder's menu, in the numbers that the file is to have.
 struct DownloadEntry {
     int menu;
     int button;
@@ -66,6 +70,7 @@ class DownloadTable {
   public:
     const std::vector<DownloadUnit>& downloads() const { return downloads_; }
 
+    /// The place in `downloads`, or -1.
     int findDownload(const std::string& unit) const;
     /// Without `small` two menus of six buttons become one of twelve.
     void addDownloadEntry(const std::string& unit, const std::string& builder, int menu, int button,
@@ -78,6 +83,7 @@ class DownloadTable {
     std::unordered_map<std::string, int> byName_;
 };
 
+/// The file, with a section for each entry that has a builder.
 std::string downloadText(const DownloadUnit& unit);
 
 } // namespace formats

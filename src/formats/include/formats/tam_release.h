@@ -7,6 +7,7 @@
 
 namespace formats {
 
+/// What the data file says it is; the type of release that it becomes is the user's choice.
 enum class TamType { tc, ai, mutator, ufo, unitPack };
 
 /// One step of a conversion. The steps are carried out in order; those of a conversion that fails
@@ -22,12 +23,15 @@ struct TamStep {
     };
     Kind kind;
     std::string text;
+    // As they stand in the data file, with separators of both kinds. Neither leads away
+    // (staysBelow).
     std::string from;
     std::string to;
 };
 
 /// `fileName` is the name of the picked file, `data` its content (nothing is read of a .ufo), and
-/// `shortType` the type of release that it becomes, for one of the messages.
+/// `shortType` the type of release that it becomes, for one of the messages. Never fails: a line
+/// that makes no sense ends the steps in an `error`.
 std::vector<TamStep> convertTam(TamType type, std::string_view fileName, std::string_view data,
                                 std::string_view shortType);
 
@@ -35,7 +39,7 @@ std::vector<TamStep> convertTam(TamType type, std::string_view fileName, std::st
 inline constexpr std::string_view somethingBad = "Error: something bad happened";
 
 /// Whether a member's path stays below the folder it belongs to and has a length that a disk can
-/// hold. Both separators count.
+/// hold. Both separators count. An empty path stays.
 bool staysBelow(std::string_view path);
 
 } // namespace formats

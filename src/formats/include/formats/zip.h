@@ -15,6 +15,8 @@ namespace formats {
 /// Goes through one archive, entry by entry. Bytes must outlive it.
 class ZipReader {
   public:
+    /// What the archive says of a file or folder. Entries come in the archive's order; a folder may
+    /// be missing, or follow what is in it.
     struct Entry {
         /// Parts set off by backslashes. As it was packed where it cannot be trusted.
         std::string path;
@@ -36,8 +38,9 @@ class ZipReader {
     /// The next entry, or nothing at the end. Throws Failure where the archive is damaged.
     std::optional<Entry> next();
 
-    /// Unpacks the entry that `next` gave last. Throws Failure where its data is damaged or
-    /// encrypted, or has another length than it says; pieces may have been given out by then.
+    /// Unpacks the entry that `next` gave last, at most once. Throws Failure where its data is
+    /// damaged or encrypted, or has another length than it says; pieces may have been given out by
+    /// then.
     void extract(const platform::PieceSink& sink);
 
   private:

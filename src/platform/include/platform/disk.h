@@ -25,13 +25,15 @@ using PieceSink = std::function<void(std::string_view piece)>;
 /// Told how many bytes more have been copied.
 using CopyProgress = std::function<void(std::uint64_t bytes)>;
 
-/// A file's bytes where they lie, for as long as the view lives.
+/// A file's bytes where they lie, for as long as the view lives. A file that is cut while a view of
+/// it lives takes its bytes away under the reader: the system may end the program.
 class FileView {
   public:
     FileView() = default;
     virtual ~FileView() = default;
     FileView(const FileView&) = delete;
     FileView& operator=(const FileView&) = delete;
+    /// All of the file, as long as it was when it was mapped; empty for an empty one.
     virtual std::span<const std::uint8_t> bytes() const = 0;
 };
 
@@ -52,6 +54,8 @@ class FileReader {
     virtual void seek(std::uint64_t offset) = 0;
 };
 
+/// A link, a pipe or a device counts as a file; a link to a folder too, where links are not
+/// followed.
 enum class EntryKind { none, file, folder };
 
 /// Bare names, ascending, case ignored.
@@ -84,6 +88,7 @@ class Disk {
     const std::shared_ptr<RawDisk>& raw() const { return raw_; }
 
     /// Sets the game directory: a folder in the system's own form, without a separator at its end.
+    /// Does not look whether it is there. Until then no change is allowed anywhere.
     void setGameDirectory(const std::string& folder);
     const std::string& gameDirectory() const;
 
@@ -91,7 +96,8 @@ class Disk {
     /// not absolute once more, not below a drive, with no part that leads away.
     bool isInside(std::string_view path) const;
 
-    /// The path of an entry in the system's own form, in the spelling that the disk has.
+    /// The path of an entry in the system's own form, in the spelling that the disk has. Parts that
+    /// are not there keep the spelling given.
     std::string systemPath(const std::string& path);
 
     /// Never throws: what cannot be looked at is not there.
@@ -111,13 +117,14 @@ class Disk {
     /// Bytes in a file.
     std::uint64_t sizeOf(const std::string& path);
 
-    /// Fails for a file too large to be a text.
+    /// All bytes of a file. Fails for one too large to be a text (256 MiB).
     std::string readFile(const std::string& path);
 
     /// Maps a file: only what is looked at is read.
     std::unique_ptr<FileView> mapFile(const std::string& path);
 
-    /// Opens a file to read pieces of it. It can be moved and replaced meanwhile.
+    /// Opens a file to read pieces of it. It can be moved and replaced meanwhile; the reader stays
+    /// with the one that was opened.
     std::unique_ptr<FileReader> openFile(const std::string& path);
 
     /// Writes a file out of pieces, in an existing folder. It takes the place of an older one only
@@ -195,10 +202,12 @@ std::unique_ptr<Disk> makeDisk();
 std::string shownPath(std::string_view path);
 
 /// The folder that the running program lies in, in the system's form, and the program's file name.
+/// Where the system does not tell: the current folder, and an empty name.
 std::string programFolder();
 std::string programName();
 
-/// A folder given on a command line, made absolute, without a separator at its end.
+/// A folder given on a command line, made absolute, without a separator at its end. Does not look
+/// whether it is there.
 std::string absoluteFolder(const std::string& folder);
 
 } // namespace platform

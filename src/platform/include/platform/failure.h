@@ -8,7 +8,8 @@
 
 namespace platform {
 
-/// A call to the machine that did not do what it was asked. The text names call, path and reason.
+/// A call to the machine that did not do what it was asked. The text, "call path: reason", is for
+/// people, with the path as they see it: nothing is to be read back out of it.
 class Failure : public std::runtime_error {
   public:
     Failure(std::string_view call, std::string_view path, std::string_view reason);
@@ -35,7 +36,8 @@ class Failure : public std::runtime_error {
 /// failure can swallow it.
 struct ProgramEnd {};
 
-/// Runs one step and passes over its failure. Tells whether the step worked.
+/// Runs one step and passes over its failure. Tells whether the step worked. Whatever else is
+/// thrown goes through, the end of the program above all.
 template <typename Step>
 bool attempt(Step&& step) {
     try {

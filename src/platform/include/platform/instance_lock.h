@@ -6,7 +6,8 @@
 
 namespace platform {
 
-/// Held by the running copy, and gone with it however it ends.
+/// Held by the running copy, and gone with it however it ends. It leaves no file behind, and keeps
+/// nobody else from the folder.
 class InstanceLock {
   public:
     InstanceLock() = default;

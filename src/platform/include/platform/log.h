@@ -6,6 +6,7 @@
 
 namespace platform {
 
+/// Called in the order of the work and in its own thread. Texts have no line end.
 class Log {
   public:
     Log() = default;

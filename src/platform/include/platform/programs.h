@@ -1,4 +1,4 @@
-// Starting other programs.
+// Starting other programs: the game, this one once more, and what the desktop opens files with.
 #pragma once
 
 #include <memory>
@@ -8,6 +8,7 @@ namespace platform {
 
 class Disk;
 
+/// A wish: systems that have no such thing pass over it.
 enum class StartWindow { normal, maximized, minimized };
 
 struct Command {
@@ -16,12 +17,14 @@ struct Command {
         open     ///< the target is a folder, text or page, to be opened with what the desktop has
     };
     Kind kind = Kind::program;
-    std::string target;    ///< the program's own kind of path
-    std::string arguments; ///< the rest of a program's command line
+    std::string target; ///< the program's own kind of path
+    /// The rest of a program's command line. POSIX hands it over as one argument, blanks and all.
+    std::string arguments;
     StartWindow window = StartWindow::normal;
 };
 
-/// Starts programs and does not wait for them.
+/// Starts programs and does not wait for them. A program runs in the folder that it lies in, and
+/// outlives this one.
 class Programs {
   public:
     Programs() = default;
@@ -29,16 +32,20 @@ class Programs {
     Programs(const Programs&) = delete;
     Programs& operator=(const Programs&) = delete;
 
-    /// Throws Failure, with the reason, if the program cannot be started.
+    /// Throws Failure, with the reason, if the program cannot be started; where a helper is missing
+    /// (wine, the desktop's opener), the failure names that. How a program fares once it runs is
+    /// not told.
     virtual void start(const Command& command) = 0;
 };
 
+/// Those of this machine. The disk finds programs in any case, and must outlive them.
 std::unique_ptr<Programs> makePrograms(Disk& disk);
 
-/// Whether a program is one of Windows on a system that runs those through wine.
+/// Whether a program is one of Windows on a system that runs those through wine, by its first two
+/// bytes. False for what cannot be read.
 bool needsWine(const std::string& systemPath);
 
-/// A command as one string, as a person would read it.
+/// A command as one string, as a person would read it. Not meant for a shell.
 std::string shownCommand(const Command& command, Disk& disk);
 
 } // namespace platform

@@ -8,16 +8,19 @@
 
 namespace platform {
 
+/// Texts have the program's own line breaks.
 struct Question {
     std::string text;
-    std::vector<std::string> buttons = {}; ///< with OK alone it is told, not asked
+    /// Captions, at least one; with OK alone it is told, not asked.
+    std::vector<std::string> buttons = {};
+    /// What Enter presses, and what counts where nobody answers; from 0.
     std::size_t defaultButton = 0;
-    std::string detail =
-        {}; ///< the reason behind the text, in words that are not the program's own
+    /// The reason behind the text, in words that are not the program's own.
+    std::string detail = {};
 };
 
 /// A row of questions that ask the same of one file after the other. From the third one on the rest
-/// may be answered alike.
+/// may be answered alike. It belongs to the work that asks, and ends with it.
 class MessageRow {
   public:
     MessageRow() = default;
@@ -46,7 +49,8 @@ class Questions {
     Questions(const Questions&) = delete;
     Questions& operator=(const Questions&) = delete;
 
-    /// Returns the button. A row's question that is answered already is not asked again.
+    /// Returns the button's place, from 0. A row's question that is answered already is not asked
+    /// again.
     virtual std::size_t ask(const Question& question, MessageRow* row = nullptr) = 0;
 
     void tell(const std::string& text, MessageRow* row = nullptr) { ask({text, {"OK"}}, row); }

@@ -26,6 +26,7 @@ enum class RawKind { file, folder, link, other };
 /// Nanoseconds since 1970.
 using FileTime = std::int64_t;
 
+/// What the system tells of an entry. The size, in bytes, counts for files alone.
 struct RawEntry {
     RawKind kind = RawKind::other;
     Identity identity;
@@ -36,12 +37,15 @@ struct RawEntry {
     FileTime modified = 0;
 };
 
+/// A link is told as a link, wherever it leads.
 struct RawName {
     std::string name;
     RawKind kind = RawKind::other;
     bool isHidden = false;
 };
 
+/// What is done with a link under the very name that is asked for: taken as it is, or as what it
+/// leads to.
 enum class Links { kept, followed };
 
 /// An open folder. It stays the same folder when it gets another name, unless the system can hold
@@ -81,10 +85,12 @@ class RawDisk {
 
     /// Opens a folder by its absolute path in the system's own form; links in it are followed.
     virtual Error openRoot(const std::string& path, std::unique_ptr<RawFolder>& folder) = 0;
+    /// not_a_directory or another error for anything but a folder, a link that is kept included.
     virtual Error openFolder(RawFolder& in, const std::string& name, Links links,
                              std::unique_ptr<RawFolder>& folder) = 0;
     /// All entries but the folder itself and its parent, in the order of the disk.
     virtual Error list(RawFolder& folder, std::vector<RawName>& names) = 0;
+    /// no_such_file_or_directory if there is none.
     virtual Error look(RawFolder& in, const std::string& name, Links links, RawEntry& entry) = 0;
     virtual Error lookAt(RawFolder& folder, RawEntry& entry) = 0;
     virtual Error lookAt(RawFile& file, RawEntry& entry) = 0;
@@ -102,7 +108,9 @@ class RawDisk {
     virtual Error read(RawFile& file, std::span<std::uint8_t> into, std::size_t& count) = 0;
     /// Writes all bytes. An error may leave some of them written.
     virtual Error write(RawFile& file, std::string_view bytes) = 0;
+    /// From the start, in bytes.
     virtual Error seek(RawFile& file, std::uint64_t offset) = 0;
+    /// The view outlives the file that it was made of.
     virtual Error map(RawFile& file, std::unique_ptr<FileView>& view) = 0;
 
     /// Gives an entry the permissions and times of another. Where the disk can hold but one of the
@@ -124,13 +132,16 @@ class RawDisk {
     /// Takes the place of a file that is there.
     virtual Error renameOver(RawFolder& from, const std::string& name, RawFolder& to,
                              const std::string& newName) = 0;
-    /// A second name for a file or link; never replaces.
+    /// A second name for a file or link; never replaces. operation_not_permitted or one of the
+    /// errors of renameNew where the file system has no such names.
     virtual Error hardLink(RawFolder& from, const std::string& name, RawFolder& to,
                            const std::string& newName) = 0;
+    /// A link's target is the text that it was made of; there need be no such entry.
     virtual Error readLink(RawFolder& in, const std::string& name, std::string& target) = 0;
     virtual Error makeLink(RawFolder& in, const std::string& name, const std::string& target) = 0;
     /// Removes a file or link, never a folder.
     virtual Error unlink(RawFolder& in, const std::string& name) = 0;
+    /// file_exists if anything of that name is there.
     virtual Error makeFolder(RawFolder& in, const std::string& name) = 0;
     /// Removes an empty folder, never a file.
     virtual Error removeFolder(RawFolder& in, const std::string& name) = 0;

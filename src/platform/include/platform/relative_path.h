@@ -38,6 +38,8 @@ struct PathRules {
 /// them is empty.
 class RelativePath {
   public:
+    /// Nothing for a text that is refused. Looks at the text alone: an entry on the way may still
+    /// be a link, which the disk does not follow.
     static std::optional<RelativePath> parse(std::string_view text, const PathRules& rules = {});
 
     /// The same decision where only that is wanted.

@@ -10,7 +10,8 @@ namespace platform {
 /// The line break of every text that the program builds or writes.
 inline constexpr std::string_view lineBreak = "\r\n";
 
-/// Case taken away by Unicode simple folding. Bytes that are not UTF-8 stay as they are.
+/// Case taken away letter by letter, by Unicode simple folding. Bytes that are not UTF-8 stay as
+/// they are. For comparing and looking up: nobody is to see it.
 std::string foldCase(std::string_view text);
 
 bool equalIgnoringCase(std::string_view a, std::string_view b);
@@ -22,9 +23,11 @@ std::size_t hashIgnoringCase(std::string_view text);
 /// The order of every listing: ascending, case ignored; names that differ in case alone by bytes.
 bool lessIgnoringCase(std::string_view a, std::string_view b);
 
-/// What a person sees: the bytes themselves where they are UTF-8, else read as Windows-1252.
+/// What a person sees: the bytes themselves where they are UTF-8, else read as Windows-1252. Never
+/// to be written back: no byte is changed between disk and disk.
 std::string toUtf8(std::string_view bytes);
 
+/// From left to right; what was put in is not looked at again. `what` must not be empty.
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view by);
 
 /// The lines of a text file. CR LF, LF or CR ends a line; a last line without an end counts.
