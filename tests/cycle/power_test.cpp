@@ -4,9 +4,9 @@
 
 #include "cycle/apply.h"
 #include "cycle/reset.h"
+#include "platform/memory_disk.h"
 #include "support/core.h"
 #include "support/faulty_disk.h"
-#include "support/memory_disk.h"
 
 namespace cycle {
 namespace {
@@ -16,7 +16,7 @@ using releases::ReleaseType;
 constexpr auto changes = "VXL-Changes/";
 
 /// All files but the journal's own, and what a move cut off had not put in place yet.
-std::map<std::string, std::string> gameFiles(const test::MemoryDisk& disk) {
+std::map<std::string, std::string> gameFiles(const platform::MemoryDisk& disk) {
     auto files = disk.files("/game");
     std::erase_if(files, [](const auto& file) {
         return file.first.find(changes) != std::string::npos ||
@@ -69,7 +69,7 @@ class PowerTest : public testing::Test {
         undo(game, lastJournal(game).value(), false);
     }
 
-    std::shared_ptr<test::MemoryDisk> memory = std::make_shared<test::MemoryDisk>();
+    std::shared_ptr<platform::MemoryDisk> memory = std::make_shared<platform::MemoryDisk>();
     test::ScriptedAnswers user;
     std::map<std::string, std::string> plain;
 };
@@ -81,7 +81,7 @@ TEST_F(PowerTest, a_start_and_a_launch_cut_off_anywhere_come_back_plain) {
         bool ended = false;
         for (int cut = 1; !ended; ++cut, ++cuts) {
             SCOPED_TRACE("cut " + std::to_string(cut) + (arrived.empty() ? "" : ", names arrived"));
-            memory = std::make_shared<test::MemoryDisk>();
+            memory = std::make_shared<platform::MemoryDisk>();
             for (const auto& [path, content] : plain)
                 memory->put("/game/" + path, content);
             memory->put("/game/Vexillum/VXL-Changes/Internal.txt", "MKDIRS\r\nMOVES\r\n");

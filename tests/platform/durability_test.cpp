@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/failure.h"
+#include "platform/memory_disk.h"
 #include "support/faulty_disk.h"
-#include "support/memory_disk.h"
 
 namespace platform {
 namespace {
@@ -17,8 +17,8 @@ using Work = std::function<void(Disk& disk)>;
 
 /// A fresh game directory with a disk of its own in "other".
 struct Machine {
-    explicit Machine(test::MemoryDiskKind kind = {})
-        : memory(std::make_shared<test::MemoryDisk>(kind)) {
+    explicit Machine(platform::MemoryDiskKind kind = {})
+        : memory(std::make_shared<platform::MemoryDisk>(kind)) {
         memory->put("/game/totala.exe", "the game");
         other = memory->mount("/game/other");
     }
@@ -33,11 +33,11 @@ struct Machine {
         return disk([](const test::RawChange&) { return std::error_code(); });
     }
 
-    std::shared_ptr<test::MemoryDisk> memory;
+    std::shared_ptr<platform::MemoryDisk> memory;
     std::uint64_t other = 0;
 };
 
-using Preparation = std::function<void(test::MemoryDisk& memory)>;
+using Preparation = std::function<void(platform::MemoryDisk& memory)>;
 using Look = std::function<void(const Machine& machine, bool isDone)>;
 
 /// Whether names had arrived on the game's disk, and on the other one.
@@ -45,7 +45,7 @@ const std::vector<std::set<std::uint64_t>> powerCuts = {{}, {0}, {1}, {0, 1}};
 
 /// Cuts the work off before each of its changes in turn, and at last behind it.
 void stopEverywhere(const Preparation& prepare, const Work& work, bool withPower, const Look& look,
-                    test::MemoryDiskKind kind = {}) {
+                    platform::MemoryDiskKind kind = {}) {
     for (const auto& arrived : powerCuts) {
         bool isDone = false;
         for (int cut = 1; !isDone; ++cut) {
@@ -74,7 +74,7 @@ void stopEverywhere(const Preparation& prepare, const Work& work, bool withPower
 /// was done all the same.
 void failEverywhere(const Preparation& prepare, const Work& work,
                     const std::function<void(const Machine& machine, const Failure* failure)>& look,
-                    test::MemoryDiskKind kind = {}) {
+                    platform::MemoryDiskKind kind = {}) {
     bool wasReached = true;
     for (int fault = 1; wasReached; ++fault) {
         Machine machine(kind);
@@ -125,7 +125,7 @@ const WriteRow writes[] = {
 TEST(Durability, a_file_written_over_is_the_old_or_the_new_one_whole) {
     for (const auto& row : writes) {
         SCOPED_TRACE(row.name);
-        const Preparation prepare = [](test::MemoryDisk& memory) {
+        const Preparation prepare = [](platform::MemoryDisk& memory) {
             memory.put("/game/journal", "old");
             memory.put("/source", "new and long");
         };
@@ -149,7 +149,7 @@ TEST(Durability, a_file_written_over_is_the_old_or_the_new_one_whole) {
 TEST(Durability, a_new_file_is_whole_or_not_there_wherever_the_program_stops) {
     for (const auto& row : writes) {
         SCOPED_TRACE(row.name);
-        const Preparation prepare = [](test::MemoryDisk& memory) {
+        const Preparation prepare = [](platform::MemoryDisk& memory) {
             memory.put("/source", "new and long");
         };
         stopEverywhere(prepare, row.work, false, [](const Machine& machine, bool isDone) {
@@ -161,7 +161,7 @@ TEST(Durability, a_new_file_is_whole_or_not_there_wherever_the_program_stops) {
 }
 
 TEST(Durability, a_journal_in_a_new_folder_is_there_to_stay) {
-    stopEverywhere([](test::MemoryDisk& /*memory*/) {},
+    stopEverywhere([](platform::MemoryDisk& /*memory*/) {},
                    [](Disk& disk) {
                        disk.makeFolder("/game\\changes");
                        disk.replaceFile("/game\\changes\\journal", "new");
@@ -240,8 +240,9 @@ TEST(Durability, what_moves_across_disks_is_whole_at_one_place_at_least) {
 }
 
 TEST(Durability, a_move_that_fails_leaves_everything_as_it_was) {
-    for (const auto kind : {test::MemoryDiskKind{}, test::MemoryDiskKind{.refusesToReplace = false},
-                            test::MemoryDiskKind{.refusesToReplace = false, .hasHardLinks = false}})
+    for (const auto kind :
+         {platform::MemoryDiskKind{}, platform::MemoryDiskKind{.refusesToReplace = false},
+          platform::MemoryDiskKind{.refusesToReplace = false, .hasHardLinks = false}})
         for (const auto& row : movesAcross) {
             SCOPED_TRACE(row.name);
             Machine before(kind);
@@ -265,10 +266,11 @@ TEST(Durability, a_move_that_fails_leaves_everything_as_it_was) {
 }
 
 TEST(Durability, a_move_on_one_disk_that_fails_leaves_the_file_at_its_source_alone) {
-    const Preparation prepare = [](test::MemoryDisk& memory) { memory.put("/game/a", "a"); };
+    const Preparation prepare = [](platform::MemoryDisk& memory) { memory.put("/game/a", "a"); };
     const Work work = [](Disk& disk) { EXPECT_TRUE(disk.moveEntry("/game\\a", "/game\\new\\a")); };
-    for (const auto kind : {test::MemoryDiskKind{}, test::MemoryDiskKind{.refusesToReplace = false},
-                            test::MemoryDiskKind{.refusesToReplace = false, .hasHardLinks = false}})
+    for (const auto kind :
+         {platform::MemoryDiskKind{}, platform::MemoryDiskKind{.refusesToReplace = false},
+          platform::MemoryDiskKind{.refusesToReplace = false, .hasHardLinks = false}})
         failEverywhere(
             prepare, work,
             [](const Machine& machine, const Failure* failure) {

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/disk.h"
-#include "support/memory_disk.h"
+#include "platform/memory_disk.h"
 
 namespace platform {
 namespace {
@@ -27,7 +27,7 @@ class FolderTest : public testing::Test {
     }
 
     static constexpr int files = 500;
-    std::shared_ptr<test::MemoryDisk> memory = std::make_shared<test::MemoryDisk>();
+    std::shared_ptr<platform::MemoryDisk> memory = std::make_shared<platform::MemoryDisk>();
     Disk disk{memory};
 };
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <utility>
 
+#include "platform/memory_disk.h"
 #include "support/faulty_disk.h"
 #include "support/game.h"
-#include "support/memory_disk.h"
 
 namespace test {
 
@@ -51,7 +51,8 @@ class RealWorld final : public World {
 
 class MemoryWorld final : public World {
   public:
-    explicit MemoryWorld(MemoryDiskKind kind) : disk_(std::make_shared<MemoryDisk>(kind)) {}
+    explicit MemoryWorld(platform::MemoryDiskKind kind)
+        : disk_(std::make_shared<platform::MemoryDisk>(kind)) {}
     std::string folder() const override { return "/games/world"; }
     std::shared_ptr<platform::RawDisk> raw() override { return disk_; }
     void put(const std::string& path, const std::string& content) override {
@@ -69,7 +70,7 @@ class MemoryWorld final : public World {
   private:
     std::string at(const std::string& path) const { return folder() + "/" + path; }
 
-    std::shared_ptr<MemoryDisk> disk_;
+    std::shared_ptr<platform::MemoryDisk> disk_;
 };
 
 /// The machine's disk behind a hook that never steps in.
@@ -102,7 +103,7 @@ struct WorldKind {
     std::unique_ptr<World> (*make)();
 };
 
-template <MemoryDiskKind kind>
+template <platform::MemoryDiskKind kind>
 std::unique_ptr<World> memoryWorld() {
     return std::make_unique<MemoryWorld>(kind);
 }
@@ -110,11 +111,12 @@ std::unique_ptr<World> memoryWorld() {
 inline const WorldKind worldKinds[] = {
     {"machine", []() -> std::unique_ptr<World> { return std::make_unique<RealWorld>(); }},
     {"wrapped", []() -> std::unique_ptr<World> { return std::make_unique<WrappedWorld>(); }},
-    {"memory", memoryWorld<MemoryDiskKind{}>},
-    {"memory_ignoring_case", memoryWorld<MemoryDiskKind{.ignoresCase = true}>},
-    {"memory_that_always_replaces", memoryWorld<MemoryDiskKind{.refusesToReplace = false}>},
+    {"memory", memoryWorld<platform::MemoryDiskKind{}>},
+    {"memory_ignoring_case", memoryWorld<platform::MemoryDiskKind{.ignoresCase = true}>},
+    {"memory_that_always_replaces",
+     memoryWorld<platform::MemoryDiskKind{.refusesToReplace = false}>},
     {"memory_without_hard_links",
-     memoryWorld<MemoryDiskKind{.refusesToReplace = false, .hasHardLinks = false}>},
+     memoryWorld<platform::MemoryDiskKind{.refusesToReplace = false, .hasHardLinks = false}>},
 };
 
 } // namespace test

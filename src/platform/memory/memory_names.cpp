@@ -1,11 +1,9 @@
 // The calls that change names.
 #include <algorithm>
 
-#include "support/memory_node.h"
+#include "memory_node.h"
 
-namespace test {
-
-using namespace platform;
+namespace platform {
 
 namespace {
 
@@ -154,4 +152,4 @@ RawDisk::Error MemoryDisk::removeFolder(RawFolder& in, const std::string& name) 
     return {};
 }
 
-} // namespace test
+} // namespace platform

@@ -3,13 +3,13 @@
 
 #include <utility>
 
-#include "support/memory_disk.h"
+#include "platform/memory_disk.h"
 
-namespace test {
+namespace platform {
 
 /// An entry. It keeps beside what it holds what of that has been synced.
 struct MemoryDisk::Node {
-    platform::RawEntry entry;
+    RawEntry entry;
     bool isMount = false;
     std::string content; ///< of a file, or the target of a link
     std::string syncedContent;
@@ -17,28 +17,28 @@ struct MemoryDisk::Node {
     Entries syncedEntries;
 };
 
-class MemoryFolder final : public platform::RawFolder {
+class MemoryFolder final : public RawFolder {
   public:
     explicit MemoryFolder(MemoryDisk::NodePtr opened) : node(std::move(opened)) {}
     MemoryDisk::NodePtr node;
 };
 
-class MemoryFile final : public platform::RawFile {
+class MemoryFile final : public RawFile {
   public:
     explicit MemoryFile(MemoryDisk::NodePtr opened) : node(std::move(opened)) {}
     MemoryDisk::NodePtr node;
     std::uint64_t offset = 0;
 };
 
-inline MemoryDisk::Node& nodeOf(platform::RawFolder& folder) {
+inline MemoryDisk::Node& nodeOf(RawFolder& folder) {
     return *static_cast<MemoryFolder&>(folder).node;
 }
 
-inline MemoryDisk::Node& nodeOf(platform::RawFile& file) {
+inline MemoryDisk::Node& nodeOf(RawFile& file) {
     return *static_cast<MemoryFile&>(file).node;
 }
 
-inline platform::RawEntry told(const MemoryDisk::Node& node) {
+inline RawEntry told(const MemoryDisk::Node& node) {
     auto entry = node.entry;
     entry.size = node.content.size();
     return entry;
@@ -48,4 +48,4 @@ inline std::error_code errorOf(std::errc kind) {
     return std::make_error_code(kind);
 }
 
-} // namespace test
+} // namespace platform

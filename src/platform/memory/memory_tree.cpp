@@ -1,11 +1,9 @@
 // What a test puts on the disk in memory and looks at, and what the power leaves of it.
 #include <algorithm>
 
-#include "support/memory_node.h"
+#include "memory_node.h"
 
-namespace test {
-
-using namespace platform;
+namespace platform {
 
 namespace {
 
@@ -147,4 +145,4 @@ void MemoryDisk::syncTree(Node& node) {
             syncTree(*below);
 }
 
-} // namespace test
+} // namespace platform

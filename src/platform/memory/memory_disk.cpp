@@ -1,13 +1,11 @@
 // The calls that look, read and write.
 #include <algorithm>
 
+#include "memory_node.h"
 #include "platform/disk.h"
 #include "platform/text.h"
-#include "support/memory_node.h"
 
-namespace test {
-
-using namespace platform;
+namespace platform {
 
 namespace {
 
@@ -188,4 +186,4 @@ RawDisk::Error MemoryDisk::syncAll(RawFolder& folder) {
     return {};
 }
 
-} // namespace test
+} // namespace platform
