@@ -36,8 +36,7 @@ class GameDirectory {
     platform::Log& log() const { return log_; }
     platform::Questions& questions() const { return questions_; }
 
-    /// The names of the folders, or files, directly in a folder, by its absolute path, in the order
-    /// and with the gaps of the disk's listings. They catch failures: False for a
+    /// The names of the folders, or files, directly in a folder. They catch failures: False for a
     /// folder that cannot be listed. `folderArray` then leaves the array empty, `fileArray` as it
     /// was.
     bool folderArray(StringArray& theArray, const std::string& thePath) const;
