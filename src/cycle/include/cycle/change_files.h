@@ -1,4 +1,5 @@
-// Where the journal lies in the data tree.
+// Where the journal lies in the data tree: the one that is read back, and the same facts for
+// people.
 #pragma once
 
 #include <string>

@@ -10,7 +10,9 @@
 
 namespace cycle {
 
-/// What the user is asked while a plan is made: A is named first, and Yes is for A.
+/// What the user is asked while a plan is made: A is named first, and Yes is for A. A is the entry
+/// of the higher type, or the later one of two of one type; where one of the two is the game's, it
+/// is B.
 struct ClashQuestion {
     moveEntry a;
     moveEntry b;
@@ -18,19 +20,22 @@ struct ClashQuestion {
     std::string text() const;
 };
 
-/// Whether an EXE that a release brings shall be the game.
+/// Whether an EXE that a release brings shall be the game: asked of one after the other, until one
+/// is chosen.
 struct ExeQuestion {
     moveEntry exe;
 
     std::string text() const;
 };
 
-/// True for Yes. Nothing is changed while a plan is made, so an answer may take its time.
+/// True for Yes. Both must be set. Nothing is changed while a plan is made, so an answer may take
+/// its time.
 struct Answers {
     std::function<bool(const ClashQuestion&)> clash;
     std::function<bool(const ExeQuestion&)> exe;
 };
 
+/// A clash that is settled. Entries are copies: the plan has gone on since.
 struct Clash {
     enum class Why {
         answered,     ///< the user was asked about the two
@@ -51,7 +56,8 @@ struct Clash {
 void resolveClash(MoveList& moves, int idxA, int idxB, const Answers& answers,
                   std::vector<Clash>& clashes);
 
-/// Sends a file of the game to the holding folder; where it waits.
+/// Sends a file of the game to the holding folder, by the path that it is to have there: the one it
+/// has in the game directory, below that folder. Gives back that path, until the list changes.
 const std::string& displace(MoveList& moves, int slot);
 
 } // namespace cycle

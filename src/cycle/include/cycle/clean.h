@@ -10,7 +10,7 @@ namespace cycle {
 
 /// Moves everything else into the folder "CleanedFiles", folders whole but for the data tree.
 /// `programName` is this program's file, which stays too. Passes over every failure but those that
-/// MoveFile tells of.
+/// MoveFile tells of. No journal is kept: only the user brings back what he misses.
 void cleanGameDirectory(releases::GameDirectory& game, std::string_view programName);
 
 } // namespace cycle

@@ -37,8 +37,10 @@ class MoveList {
     const moveEntry& operator[](int slot) const { return slots_[static_cast<std::size_t>(slot)]; }
     std::span<const moveEntry> entries() const { return std::span(slots_).subspan(1); }
 
+    /// A slot keeps its number for good. The calls below take those from 1 to `last`.
     void add(moveEntry entry);
     void setToPath(int slot, std::string toPath);
+    /// Makes a slot blank: it moves nothing, and no destination finds it.
     void clear(int slot);
     /// The first slot with that destination, case ignored, or -1.
     int firstWithDest(std::string_view toPath) const;
@@ -56,6 +58,7 @@ class MoveList {
 /// Without leading backslashes, doubled ones made single.
 std::string cleanRelPath(std::string_view path);
 
+/// Adds an entry with both paths cleaned. `relName` is in the form in which the selection has it.
 void addMove(MoveList& moves, std::string_view fromPath, std::string_view toPath,
              releases::ReleaseType type, std::string_view relName);
 

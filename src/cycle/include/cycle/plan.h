@@ -24,6 +24,9 @@ namespace cycle {
 using Listings =
     std::function<std::optional<platform::FolderNames>(const std::string& relativePath)>;
 
+/// Files count that lie at the root of the game or of a release, or in a folder directly below it.
+/// Left where they are: text files at a root, which are documentation, and names in one folder that
+/// differ in case alone, which could not be told apart on the way back.
 class Plan {
   public:
     /// The whole plan of a selection: the game, then the releases in the order of their types, then
@@ -36,13 +39,15 @@ class Plan {
                        const Listings& listings, const Answers& answers);
     void chooseExe(const Answers& answers);
 
+    /// All files that count, those that stay where they are and those that were cleared included.
     std::span<const moveEntry> entries() const { return moves_.entries(); }
     /// The folders directly in the game directory that the releases need.
     const releases::StringArray& mkdirs() const { return mkdirs_; }
     /// In the order in which they were settled.
     const std::vector<Clash>& clashes() const { return clashes_; }
 
-    /// What is carried out, and what the next start is to undo.
+    /// What is carried out, and what the next start is to undo. The order counts: a file of the
+    /// game leaves its place ahead of the release's file that comes there.
     formats::Journal journal() const;
 
   private:

@@ -24,29 +24,34 @@ class Selection {
         bool small = false;
     };
 
-    /// The defaults.
+    /// The defaults: those of the types with one choice, nothing of the others, no modifier.
     Selection();
 
     std::span<const std::string> namesOf(releases::ReleaseType type) const;
     int countOf(releases::ReleaseType type) const;
     bool has(releases::ReleaseType type, std::string_view name) const;
-    /// The name chosen of a type with one choice.
+    /// The name chosen of a type with one choice. There is always one, but there may be no release
+    /// of that name.
     const std::string& theOne(releases::ReleaseType type) const;
 
     /// Of a type with one choice: the one that is chosen from now on.
     void choose(releases::ReleaseType type, std::string_view name);
     /// Of a type with many: one more, duplicates allowed.
     void add(releases::ReleaseType type, std::string_view name);
-    /// Takes out the first entry of exactly that name, or else of that name in another case.
+    /// Takes out the first entry of exactly that name, or else of that name in another case;
+    /// without one nothing changes.
     void takeOut(releases::ReleaseType type, std::string_view name);
     /// Back to the defaults. The settings of the modifier stay.
     void revert();
 
     MenuModifier modifier;
 
-    /// The selection file of a type, as text and back. What it says replaces what was chosen.
+    /// The selection file of a type, as text and back: a name a line. What it says replaces what
+    /// was chosen. Names are taken over as they are, whether there are such releases or not; of a
+    /// type with one choice the first line counts, and a blank or missing one is the default.
     std::string textOf(releases::ReleaseType type) const;
     void readText(releases::ReleaseType type, std::string_view bytes);
+    /// Three lines, "True" or "False". Read back, all that is not "True" is False.
     std::string modifierText() const;
     void readModifierText(std::string_view bytes);
 

@@ -1,4 +1,5 @@
-// The selection between two runs: seven text files in the data tree.
+// The selection between two runs: text files in the data tree, one for each type and one for the
+// modifier.
 #pragma once
 
 #include "cycle/selection.h"

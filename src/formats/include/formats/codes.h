@@ -20,8 +20,8 @@ std::string codesText(std::string_view typed);
 
 /// Whether a release with codes fits a total conversion with codes, as sets, case ignored. "*" and
 /// "any" fit all, but only where a release has them. A conversion without codes takes everything;
-/// an empty code of a release fits any conversion. No codes of a release fit no conversion that has
-/// some: a release without a file of codes is not to be asked about.
+/// an empty code of a release fits any conversion. A release with an empty file
+/// fits none that has some; one without a file is not to be asked about here.
 bool areCompatible(const std::vector<std::string>& release,
                    const std::vector<std::string>& conversion);
 

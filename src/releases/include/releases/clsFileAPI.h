@@ -18,15 +18,18 @@ class clsFileAPI {
     const std::string& DestinationFile() const { return pTo_; }
     void DestinationFile(std::string newDestination) { pTo_ = std::move(newDestination); }
 
-    /// An argument that is not empty takes the place of the path set before. False after a failure.
+    /// An argument that is not empty takes the place of the path set before. False after a failure,
+    /// and for a move that was refused. A copy replaces a file at its destination, a move nothing;
+    /// both make missing folders there.
     bool CopyFile(const std::string& FromFile = {}, const std::string& ToFile = {});
     bool DeleteFile(const std::string& FromFile = {});
     bool MoveFile(const std::string& FromFile = {}, const std::string& ToFile = {});
 
+    /// A folder is there too, to the file test. What cannot be looked at is not there.
     bool DoesFileExist(const std::string& FromFile = {});
     bool DoesFolderExist(const std::string& FromFolder = {});
 
-    /// Runs while a copy goes on.
+    /// Runs while a copy goes on, with the bytes copied since the last time.
     platform::CopyProgress onProgress;
 
     /// Whether the last move found its source missing or its place taken.

@@ -13,6 +13,7 @@
 
 namespace releases {
 
+/// Disk, log and questions must outlive it. The log hears a breath at each name and step.
 class GameDirectory {
   public:
     GameDirectory(platform::Disk& disk, platform::Log& log, platform::Questions& questions)
@@ -24,7 +25,8 @@ class GameDirectory {
 
     /// The directory itself, in the system's form, without a separator at its end.
     const std::string& TADir() const { return TADir_; }
-    /// Takes a folder for the game directory, which bounds all changes from then on.
+    /// Takes a folder for the game directory, which bounds all changes from then on. Does not look
+    /// whether it is one, or is there at all.
     void open(const std::string& folder);
 
     /// Absolute paths, from ones relative to the game directory or to the data tree.
@@ -48,8 +50,10 @@ class GameDirectory {
     bool DoesFileExist(const std::string& fileToCheck) const;
     bool DoesFolderExist(const std::string& folderToCheck) const;
 
-    /// Never overwrites: refuses, with a message, unless the source is there and its place free. A
-    /// move that the system refuses is told of with the system's reason.
+    /// Never overwrites: refuses, with a message, unless the source is there and its place free,
+    /// both inside the game directory. A move that the system refuses is told of with the system's
+    /// reason. Either way all is as it was, and the work goes on. An empty path, or one path twice,
+    /// is passed over without a word.
     void MoveFile(const std::string& FromFile, const std::string& ToFile);
     /// Tells of a move that failed, or was not tried. The reason is the system's, if it gave one.
     void tellOfFailedMove(const std::string& from, const std::string& to,
@@ -59,7 +63,7 @@ class GameDirectory {
 
     /// Replaces a file at the destination and makes missing folders. Passes over a failure.
     void CopyFile(const std::string& FromFile, const std::string& ToFile) const;
-    /// Passes over a failure.
+    /// Passes over a failure. With `doCheck` it looks first whether the file is there.
     void DeleteFile(const std::string& delFile, bool doCheck) const;
     /// Removes a folder with all that the listings show of it; one that could not be emptied stays.
     /// Passes over every failure. With the flag the log tells the top folder.

@@ -12,14 +12,16 @@
 
 namespace releases {
 
-/// One file or folder to come, by its path below the release's folder.
+/// One file or folder to come, by its path below the release's folder. The size, in bytes, is what
+/// its source claims.
 struct Member {
     std::string path;
     bool isFolder = false;
     std::uint64_t size = 0;
 };
 
-/// What an archive brings, in the order of its entries.
+/// What an archive brings, in the order of its entries. All of `members` may be followed below the
+/// release's folder.
 struct ZipContents {
     std::vector<Member> members;
     std::vector<std::string> leftOut; ///< names that cannot be trusted
@@ -28,15 +30,18 @@ struct ZipContents {
     std::string topFolder;
 };
 
-/// Throws Failure if it is no zip archive or a damaged one.
+/// Goes through the whole archive, which has nothing left to give then. Throws Failure if it is no
+/// zip archive or a damaged one.
 ZipContents contentsOf(formats::ZipReader& archive);
 
 /// The path of an entry without the top folder; empty for that folder itself.
 std::string belowTop(const std::string& path, const std::string& topFolder);
 
+/// One import: an object serves one call of `copy`. What has been copied stays, however it ends.
 class MemberImport {
   public:
     static constexpr int whole = 1000;
+    /// The file at hand, and the share of all bytes that has come.
     struct Progress {
         std::string file;
         int done = 0; ///< of `whole`

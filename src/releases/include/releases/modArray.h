@@ -18,6 +18,7 @@ class StringArray {
 
     int upperBound() const { return static_cast<int>(slots_.size()) - 1; }
     bool empty() const { return slots_.size() == 1; }
+    /// The slot must exist, 0 included.
     const std::string& operator[](int slot) const { return slots_[static_cast<std::size_t>(slot)]; }
 
     /// The entries, without slot 0.
@@ -35,9 +36,12 @@ class StringArray {
 
 enum class Duplicates { allowed, refused };
 
+/// Adds at the end. Where duplicates are refused, a text that a slot equals already, case ignored,
+/// changes nothing.
 void arrayAdd(StringArray& theArray, std::string_view text,
               Duplicates duplicates = Duplicates::allowed);
-/// Removes the first entry that equals the text; without one nothing changes.
+/// Removes the first entry that equals the text, case ignored. Without one nothing changes, nor for
+/// the empty text, which slot 0 holds.
 void arrayRemove(StringArray& theArray, std::string_view text);
 /// Removes the entry at an index from 1 up; any other index changes nothing.
 void arrayRemoveAt(StringArray& theArray, int index);

@@ -1,5 +1,5 @@
 // The types of release and the two forms of a release's name. All that the program knows of a type
-// stands in its row of the one table below.
+// stands in its row of one table; docs/release-types.md reads it field by field.
 #pragma once
 
 #include <array>
@@ -18,6 +18,7 @@ enum class ReleaseType : int { none = 0, map = 1, unit = 2, tc = 3, race = 4, mo
 /// How many releases of a type can be chosen at once.
 enum class Choice { one, many };
 
+/// Texts that only types with one choice, or with many, have are empty for the others.
 struct TypeInfo {
     ReleaseType type = ReleaseType::none;
     std::string_view shortName = {}; ///< stands in front of the dash in the folder's name
@@ -57,18 +58,20 @@ const TypeInfo* typeOfTab(std::string_view caption);
 /// The releases that stand for the game as it came.
 inline constexpr std::string_view defaultTC = "Cavedog TA";
 inline constexpr std::string_view defaultAI = "Cavedog AI";
+/// Whether that is the default of any type, whatever type the release is of.
 bool isDefaultRelease(std::string_view displayName);
 
 /// The folder of the data tree, below the game directory.
 inline constexpr std::string_view dataTree = "Vexillum";
 
-/// What stands behind a type's prefix in the name of a release's folder; nothing for another
-/// type's.
+/// What stands behind a type's prefix in the name of a release's folder, in the form that folders
+/// have; nothing for another type's. The prefix counts in any case.
 std::optional<std::string_view> withoutPrefix(std::string_view folder, ReleaseType type);
 /// Whether what stands behind the prefix is the folder of loose releases.
 bool isLooseFolder(std::string_view name, ReleaseType type);
 
-/// A display name may hold "/", which stands as "~" in the folder's name.
+/// A display name may hold "/", which stands as "~" in the folder's name. So a "~" in the name of a
+/// folder shows as "/", and comes back as what it was.
 std::string folderForm(std::string_view displayName);
 std::string displayForm(std::string_view folderName);
 

@@ -15,24 +15,27 @@ namespace releases {
 
 /// What the catalogue shows of a release.
 struct ReleaseTexts {
-    /// Paths of files that are there.
+    /// The absolute path of a file that is there.
     std::optional<std::string> readme;
     std::optional<std::string>
         about; ///< its lines, each with a line break; nothing if there is none
     std::optional<std::vector<std::string>> codes;
 };
 
+/// Releases by type and display name. Nothing of a release is kept but the name of its folder:
+/// texts and codes are read whenever they are asked for.
 class Store {
   public:
     explicit Store(GameDirectory& game) : game_(game) {}
 
     /// Reads the names of all folders of the data tree. They stay as they are until the next time:
-    /// whatever adds, renames or removes a release shows at the program's next start.
+    /// whatever adds, renames or removes a release shows at the program's next start. A data tree
+    /// that cannot be listed has none.
     void read();
     const StringArray& storeFolders() const { return storeFolders_; }
 
-    /// The display names of a type's releases, in the order of a listing. Loose files are listed
-    /// anew each time.
+    /// The display names of a type's releases, in the order of a listing; a name may occur twice,
+    /// as a folder and as a loose file. Loose files are listed anew each time.
     std::vector<std::string> releasesOf(ReleaseType type) const;
     int countOf(ReleaseType type) const;
     /// Whether a release has a folder, by the form of its name that the folder has.
@@ -45,11 +48,12 @@ class Store {
     /// there.
     ReleaseTexts textsOf(ReleaseType type, std::string_view displayName) const;
 
-    /// Gives a release's folder another name. Returns why that could not be done, or nothing.
+    /// Gives a release's folder another name. Returns why that could not be done, in a sentence for
+    /// people, or nothing. A loose file cannot be renamed.
     std::string rename(ReleaseType type, std::string_view oldName, std::string_view newName) const;
 
     /// Removes a release with its folder, or a loose file with the text beside it. Passes over
-    /// every failure.
+    /// every failure: what could not be removed is there at the next start.
     void remove(ReleaseType type, std::string_view displayName) const;
 
   private:

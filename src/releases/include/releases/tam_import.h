@@ -12,7 +12,8 @@ namespace releases {
 
 class TamImport {
   public:
-    /// A file of the new release, by its path below the game directory with a backslash ahead.
+    /// A file of the new release, by its path below the game directory with a backslash ahead. One
+    /// that was not there or could not be copied is among them, with a note.
     struct Added {
         std::string file;
         std::string note; ///< what went wrong with it, or nothing
@@ -25,6 +26,7 @@ class TamImport {
     /// was made by then stays.
     bool convert(formats::TamType type, const std::string& path, const std::string& shortType);
 
+    /// What the last conversion has made, in its order, also of one that ended early.
     const std::vector<Added>& added() const { return added_; }
 
   private:
