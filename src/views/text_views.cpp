@@ -1,13 +1,9 @@
-// The text window on the screen, and which view belongs to which window.
+// A heading or a word of explanation, a text, and buttons along the foot.
+#include "text_views.h"
+
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
-
-#include "main_view.h"
-#include "windows/frmFList.h"
-#include "windows/frmShowReadme.h"
-#include "wizard_views.h"
-#include "working_view.h"
 
 namespace views {
 namespace {
@@ -55,18 +51,13 @@ class FileListView final : public WindowView {
 
 } // namespace
 
-std::unique_ptr<WindowView> makeView(windows::Window& window, QtToolkit& toolkit) {
-    if (auto* main = dynamic_cast<windows::frmMain*>(&window))
-        return std::make_unique<MainView>(*main, toolkit);
-    if (auto* readme = dynamic_cast<windows::frmShowReadme*>(&window))
-        return std::make_unique<ShowReadmeView>(*readme, toolkit);
-    if (auto* list = dynamic_cast<windows::frmFList*>(&window))
-        return std::make_unique<FileListView>(*list, toolkit);
-    if (auto* add = dynamic_cast<windows::frmAdd*>(&window))
-        return makeAddView(*add, toolkit);
-    if (auto* tam = dynamic_cast<windows::frmTAM*>(&window))
-        return makeTamView(*tam, toolkit);
-    return makeWorkingView(dynamic_cast<windows::frmWorking&>(window), toolkit);
+std::unique_ptr<WindowView> makeShowReadmeView(windows::frmShowReadme& window,
+                                               QtToolkit& toolkit) {
+    return std::make_unique<ShowReadmeView>(window, toolkit);
+}
+
+std::unique_ptr<WindowView> makeFileListView(windows::frmFList& window, QtToolkit& toolkit) {
+    return std::make_unique<FileListView>(window, toolkit);
 }
 
 } // namespace views
