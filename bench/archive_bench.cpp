@@ -16,14 +16,14 @@
 #include "formats/lz77.h"
 #include "headless/session.h"
 #include "menumod/modHPIUtil.h"
-#include "support/archive_writer.h"
+#include "packing/archive_writer.h"
 #include "windows/frmMain.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using bench::Seconds;
-using test::Packing;
+using packing::Packing;
 
 constexpr int rounds = 5;
 const fs::path root = fs::current_path() / "archive-bench-game";
@@ -51,14 +51,15 @@ std::span<const std::uint8_t> asBytes(const std::string& text) {
 void extraction() {
     constexpr int entries = 5000;
     constexpr std::size_t entrySize = 40'000;
-    test::PackedFiles files;
+    packing::PackedFiles files;
     std::vector<std::string> chunks;
     for (int i = 0; i < entries; ++i) {
         files.emplace_back("guis\\page" + std::to_string(i) + ".gui",
                            gameText(entrySize, static_cast<unsigned>(i)));
-        chunks.push_back(test::packChunk(files.back().second, {Packing::zlib, false, 0}));
+        chunks.push_back(
+            packing::packChunk(files.back().second, {packing::Packing::zlib, false, 0}));
     }
-    put(root / "big.hpi", test::packArchive(files));
+    put(root / "big.hpi", packing::packArchive(files));
     std::vector<Seconds> ours, limit;
     for (int round = 0; round < rounds; ++round) {
         fs::remove_all(root / "guis");
@@ -97,7 +98,7 @@ void extraction() {
 
 void lz77() {
     const auto content = gameText(65'536, 1);
-    const auto chunk = test::packChunk(content, {Packing::lz77, false, 0}).substr(19);
+    const auto chunk = packing::packChunk(content, {packing::Packing::lz77, false, 0}).substr(19);
     std::string packed(compressBound(content.size()), '\0');
     uLongf packedSize = packed.size();
     compress(reinterpret_cast<Bytef*>(packed.data()), &packedSize,
@@ -129,7 +130,7 @@ void fillMenus(int builders, int units) {
     fs::create_directories(root / "Vexillum");
     fs::copy(VEXILLUM_DATA, root / "Vexillum", fs::copy_options::recursive);
     put(root / "Vexillum/VXL-Sel/selTrlx.txt", "True\r\n");
-    test::PackedFiles files;
+    packing::PackedFiles files;
     const int perBuilder = units / builders;
     for (int b = 0; b < builders; ++b) {
         std::string page;
@@ -145,7 +146,7 @@ void fillMenus(int builders, int units) {
         }
         files.emplace_back("guis\\B" + std::to_string(b) + "1.GUI", page);
     }
-    put(root / "game.hpi", test::packArchive(files));
+    put(root / "game.hpi", packing::packArchive(files));
 }
 
 Seconds runModifier() {

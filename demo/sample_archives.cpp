@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "support/archive_writer.h"
+#include "packing/archive_writer.h"
 
 namespace {
 
@@ -26,10 +26,10 @@ int main(int argc, char** argv) {
     if (argc != 2)
         return 2;
     const std::filesystem::path game = argv[1];
-    const auto put = [&](const std::string& path, const test::PackedFiles& files,
-                         const test::PackOptions& options) {
+    const auto put = [&](const std::string& path, const packing::PackedFiles& files,
+                         const packing::PackOptions& options) {
         std::filesystem::create_directories((game / path).parent_path());
-        std::ofstream(game / path, std::ios::binary) << test::packArchive(files, options);
+        std::ofstream(game / path, std::ios::binary) << packing::packArchive(files, options);
     };
     put("totala1.hpi",
         {{"guis\\SHIPYRD1.GUI", button("SKIFF") + button("CUTTER") + button("IGPATCH")},
@@ -37,12 +37,12 @@ int main(int argc, char** argv) {
          {"guis\\KBOTLAB1.GUI", button("PEEWIT") + button("ROCKER")},
          {"weapons\\naval.tdf", weapon("DECK_GUN", 20) + weapon("TORPEDO", 21)},
          {"weapons\\land.tdf", weapon("POPGUN", 30)}},
-        {test::Packing::zlib, false, 0x7D});
+        {packing::Packing::zlib, false, 0x7D});
     put("Vexillum/Mod-Warpgate/warpgate.ufo",
         {{"download\\gate.tdf", menuEntry("KBOTLAB", 4, 2, "GATE")},
          {"weapons\\gate.tdf", weapon("GATE_BEAM", 21) + weapon("GATE_PULSE", 30)}},
-        {test::Packing::lz77, true, 0});
+        {packing::Packing::lz77, true, 0});
     put("Vexillum/Unit-Hover Crane/crane.ufo",
         {{"download\\crane.tdf", menuEntry("SHIPYRD", 2, 0, "CRANE")}},
-        {test::Packing::stored, false, 0});
+        {packing::Packing::stored, false, 0});
 }

@@ -51,8 +51,7 @@ class FileListView final : public WindowView {
 
 } // namespace
 
-std::unique_ptr<WindowView> makeShowReadmeView(windows::frmShowReadme& window,
-                                               QtToolkit& toolkit) {
+std::unique_ptr<WindowView> makeShowReadmeView(windows::frmShowReadme& window, QtToolkit& toolkit) {
     return std::make_unique<ShowReadmeView>(window, toolkit);
 }
 

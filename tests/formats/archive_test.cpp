@@ -5,15 +5,15 @@
 #include <gtest/gtest.h>
 
 #include "formats/archive.h"
+#include "packing/archive_writer.h"
 #include "platform/failure.h"
-#include "support/archive_writer.h"
 
 namespace formats {
 namespace {
 
-using test::packArchive;
-using test::PackedFiles;
-using test::Packing;
+using packing::packArchive;
+using packing::PackedFiles;
+using packing::Packing;
 
 Bytes asBytes(const std::string& text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "formats/zip.h"
+#include "packing/zip_writer.h"
 #include "platform/failure.h"
-#include "support/zip_writer.h"
 
 namespace formats {
 namespace {
@@ -39,7 +39,7 @@ std::string contentOfFirst(const std::string& bytes) {
 TEST(ZipReader, an_entry_is_as_long_as_it_says_or_is_refused) {
     const std::string content(1000, 'a');
     for (const auto* packing : {stored, "zip:compression=deflate"}) {
-        const auto honest = test::packZip({{"a", content}}, packing);
+        const auto honest = packing::packZip({{"a", content}}, packing);
         EXPECT_EQ(contentOfFirst(honest), content) << packing;
         EXPECT_THROW(contentOfFirst(withField(honest, 18, 20, 0)), platform::Failure)
             << packing << ": packed in 0 bytes";
@@ -48,7 +48,7 @@ TEST(ZipReader, an_entry_is_as_long_as_it_says_or_is_refused) {
         EXPECT_THROW(contentOfFirst(withField(honest, 22, 24, 1001)), platform::Failure)
             << packing << ": longer than it is";
     }
-    EXPECT_EQ(contentOfFirst(test::packZip({{"a", ""}})), "");
+    EXPECT_EQ(contentOfFirst(packing::packZip({{"a", ""}})), "");
 }
 
 TEST(ZipReader, what_is_no_archive_is_refused) {

@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "support/zip_writer.h"
+#include "packing/zip_writer.h"
 
 int main(int argc, char** argv) {
     if (argc != 2)
@@ -12,23 +12,24 @@ int main(int argc, char** argv) {
         std::filesystem::create_directories((folder / path).parent_path());
         std::ofstream(folder / path, std::ios::binary) << bytes;
     };
-    const test::PackedFiles files = {{"guis\\XYZ1.GUI", "name=UNIT1;\r\nheight=64;\r\n"},
-                                     {"download\\unit2.tdf", std::string(300, 'x')},
-                                     {"a\\b\\c", ""}};
-    for (const auto packing : {test::Packing::stored, test::Packing::lz77, test::Packing::zlib})
+    const packing::PackedFiles files = {{"guis\\XYZ1.GUI", "name=UNIT1;\r\nheight=64;\r\n"},
+                                        {"download\\unit2.tdf", std::string(300, 'x')},
+                                        {"a\\b\\c", ""}};
+    for (const auto packing :
+         {packing::Packing::stored, packing::Packing::lz77, packing::Packing::zlib})
         for (const bool encrypt : {false, true})
             put("archive/" + std::to_string(static_cast<int>(packing)) + (encrypt ? "e" : "p"),
-                test::packArchive(files, {packing, encrypt, encrypt ? 0x7DU : 0U}));
+                packing::packArchive(files, {packing, encrypt, encrypt ? 0x7DU : 0U}));
     put("tam/tc", std::string("\0\0", 2) + "Name\r\nText##more\r\nA B\r\nfrom sub\\to\r\n");
     put("tam/ai", "\1\1Name\r\nText\r\nA\r\nai\\default.txt\r\n");
     put("tam/soft", "\2\3N&me\r\nText\r\nA\r\n2\r\n");
     put("tam/ufo", "\3\4");
     put("tam/pack", "\4\5Name\r\nText\r\nunit\r\n");
-    const test::PackedFiles members = {
+    const packing::PackedFiles members = {
         {"Top/", ""}, {"Top/a.ufo", std::string(300, 'a')}, {"Top/sub/b", "b"}};
-    put("zip/packed", test::packZip(members));
-    put("zip/stored", test::packZip(members, "zip:compression=store"));
-    put("zip/hostile", test::packZip({{"../a", "a"}, {"C:\\b", "b"}, {"/c", "c"}}));
+    put("zip/packed", packing::packZip(members));
+    put("zip/stored", packing::packZip(members, "zip:compression=store"));
+    put("zip/hostile", packing::packZip({{"../a", "a"}, {"C:\\b", "b"}, {"/c", "c"}}));
     put("menu/page", "\1name=UNIT1;\r\nheight=64;\r\nname=igpatch;\r\nheight=64;\r\n");
     put("menu/download", "\2[MENUENTRY1]\r\n{\r\n\tUNITMENU=XYZ;\r\n\tMENU=-3.5;\r\n\tBUTTON=7;\r\n"
                          "\tUNITNAME=UNIT2;\r\n}\r\n");

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "menumod/modHPIUtil.h"
-#include "support/archive_writer.h"
+#include "packing/archive_writer.h"
 #include "support/game.h"
 
 namespace menumod {
@@ -20,7 +20,8 @@ class ArchivesTest : public testing::Test {
 };
 
 TEST_F(ArchivesTest, entries_are_listed_and_extracted_by_the_name_listed) {
-    game.put("a.ufo", test::packArchive({{"guis\\A.gui", "a"}, {"b", std::string(70'000, 'b')}}));
+    game.put("a.ufo",
+             packing::packArchive({{"guis\\A.gui", "a"}, {"b", std::string(70'000, 'b')}}));
     game.makeFolder("guis");
     game.put("guis/A.GUI", "older");
     const int handle = archives.HPIOpen(in("A.UFO"));
@@ -54,7 +55,7 @@ TEST_F(ArchivesTest, what_is_no_archive_has_the_handle_0) {
 }
 
 TEST_F(ArchivesTest, a_damaged_entry_leaves_the_file_that_is_there) {
-    auto bytes = test::packArchive({{"a", std::string(1000, 'a')}});
+    auto bytes = packing::packArchive({{"a", std::string(1000, 'a')}});
     bytes[bytes.size() - 5] = static_cast<char>(bytes[bytes.size() - 5] ^ 1);
     game.put("bad.hpi", bytes);
     game.put("a", "healthy");

@@ -2,10 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "packing/zip_writer.h"
 #include "platform/failure.h"
 #include "releases/member_import.h"
 #include "support/core.h"
-#include "support/zip_writer.h"
 
 namespace releases {
 namespace {
@@ -64,7 +64,7 @@ TEST_F(MemberImportTest, files_and_folders_keep_their_shape) {
 
 TEST_F(MemberImportTest, a_single_top_folder_of_an_archive_is_not_made) {
     struct Case {
-        test::PackedFiles files;
+        packing::PackedFiles files;
         std::vector<std::string> members;
     };
     const Case cases[] = {
@@ -77,7 +77,7 @@ TEST_F(MemberImportTest, a_single_top_folder_of_an_archive_is_not_made) {
     for (const auto& c : cases) {
         release += "er";
         game.makeFolder("Vexillum/" + release);
-        EXPECT_EQ(import({outside("pack.ZIP", test::packZip(c.files))}),
+        EXPECT_EQ(import({outside("pack.ZIP", packing::packZip(c.files))}),
                   static_cast<int>(c.members.size()));
         for (const auto& name : c.members)
             EXPECT_TRUE(member(name)) << name;
@@ -86,11 +86,11 @@ TEST_F(MemberImportTest, a_single_top_folder_of_an_archive_is_not_made) {
 }
 
 TEST_F(MemberImportTest, names_that_lead_out_are_left_out_and_told_of) {
-    const test::PackedFiles hostile = {
+    const packing::PackedFiles hostile = {
         {"../evil", "e"},     {"a/../../evil", "e"}, {"/evil", "e"},
         {"..\\evil", "e"},    {"C:\\evil", "e"},     {"c:evil", "e"},
         {"line\nbreak", "e"}, {"./good", "g"},       {"dir\\windows", "w"}};
-    EXPECT_EQ(import({outside("pack.zip", test::packZip(hostile))}), 2);
+    EXPECT_EQ(import({outside("pack.zip", packing::packZip(hostile))}), 2);
     EXPECT_EQ(member("good"), "g");
     EXPECT_EQ(member("dir/windows"), "w");
     EXPECT_EQ(told.size(), 7U);
@@ -104,7 +104,7 @@ TEST_F(MemberImportTest, nothing_is_replaced_without_a_question) {
     game.put("Vexillum/Map-New/b.txt", "mine");
     game.makeFolder("Vexillum/Map-New/c.txt");
     const auto pack =
-        test::packZip({{"a.txt", "new"}, {"b.txt", "new"}, {"c.txt", "new"}, {"d", "new"}});
+        packing::packZip({{"a.txt", "new"}, {"b.txt", "new"}, {"c.txt", "new"}, {"d", "new"}});
     EXPECT_EQ(import({outside("pack.zip", pack)}, {"Yes", "No"}), 2);
     EXPECT_EQ(member("A.txt"), "new");
     EXPECT_EQ(member("b.txt"), "mine");
@@ -117,7 +117,7 @@ TEST_F(MemberImportTest, nothing_is_replaced_without_a_question) {
 
 TEST_F(MemberImportTest, names_of_one_archive_that_differ_in_case_are_one_file) {
     const auto pack =
-        test::packZip({{"Units/a.txt", "a"}, {"units/b.txt", "old"}, {"Units/B.txt", "new"}});
+        packing::packZip({{"Units/a.txt", "a"}, {"units/b.txt", "old"}, {"Units/B.txt", "new"}});
     EXPECT_EQ(import({outside("pack.zip", pack)}, {"No"}), 2);
     EXPECT_EQ(member("Units/b.txt"), "old");
     EXPECT_FALSE(member("Units/B.txt"));
@@ -127,8 +127,8 @@ TEST_F(MemberImportTest, names_of_one_archive_that_differ_in_case_are_one_file) 
 
 TEST_F(MemberImportTest, a_damaged_archive_gives_what_is_healthy_in_it) {
     const auto healthy =
-        test::packZip({{"a", std::string(1000, 'a')}, {"b", std::string(1000, 'b')}, {"c", "c"}},
-                      "zip:compression=store");
+        packing::packZip({{"a", std::string(1000, 'a')}, {"b", std::string(1000, 'b')}, {"c", "c"}},
+                         "zip:compression=store");
     auto damaged = healthy;
     damaged[damaged.find("bbbb") + 10] = 'x';
     EXPECT_EQ(import({outside("damaged.zip", damaged), outside("text.zip", "no archive"),
@@ -153,8 +153,8 @@ TEST_F(MemberImportTest, the_user_may_stop_in_the_middle_of_a_file) {
 TEST_F(MemberImportTest, names_in_any_language_come_through) {
     const std::string german = "gr\xC3\xBCn/read.txt";
     const std::string oldTool = "\x81lt.txt"; // no UTF-8
-    const auto pack = test::packZip({{german, "g"}, {"a/b", "b"}}, "zip:hdrcharset=UTF-8");
-    auto old = test::packZip({{"@lt.txt", "o"}});
+    const auto pack = packing::packZip({{german, "g"}, {"a/b", "b"}}, "zip:hdrcharset=UTF-8");
+    auto old = packing::packZip({{"@lt.txt", "o"}});
     std::replace(old.begin(), old.end(), '@', oldTool[0]);
     EXPECT_EQ(import({outside("pack.zip", pack), outside("old.zip", old)}), 3);
     EXPECT_EQ(member(german), "g");
@@ -171,7 +171,7 @@ TEST_F(MemberImportTest, links_are_not_followed_round_in_a_ring) {
 
 TEST_F(MemberImportTest, a_folder_that_has_vanished_is_made_anew) {
     release = "Map-Gone";
-    EXPECT_EQ(import({outside("pack.zip", test::packZip({{"a", "a"}}))}), 1);
+    EXPECT_EQ(import({outside("pack.zip", packing::packZip({{"a", "a"}}))}), 1);
     EXPECT_EQ(member("a"), "a");
 }
 

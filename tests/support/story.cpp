@@ -23,8 +23,8 @@
 
 #include <gtest/gtest.h>
 
+#include "packing/archive_writer.h"
 #include "platform/text.h"
-#include "support/archive_writer.h"
 #include "support/faulty_disk.h"
 #include "support/play.h"
 #include "support/story_lines.h"
@@ -134,7 +134,8 @@ class Story {
             entry.resize(star);
         }
         packed_[archive].emplace_back(entry, content);
-        game_.put(archive, packArchive(packed_[archive], {Packing::lz77, true, 0x7D}));
+        game_.put(archive,
+                  packing::packArchive(packed_[archive], {packing::Packing::lz77, true, 0x7D}));
     }
 
     void spoil(const std::string& path) {
@@ -255,7 +256,7 @@ class Story {
     std::string cutPath_;
     bool lastWasState_ = false;
     int looks_ = 0;
-    std::map<std::string, PackedFiles> packed_;
+    std::map<std::string, packing::PackedFiles> packed_;
 };
 
 } // namespace

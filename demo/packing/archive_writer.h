@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace test {
+namespace packing {
 
 enum class Packing : std::uint8_t { stored = 0, lz77 = 1, zlib = 2 };
 
@@ -24,4 +24,4 @@ std::string packArchive(const PackedFiles& files, const PackOptions& options = {
 /// One chunk with its header.
 std::string packChunk(const std::string& data, const PackOptions& options);
 
-} // namespace test
+} // namespace packing

@@ -1,12 +1,12 @@
 // By libarchive, which asks nothing of the names.
-#include "support/zip_writer.h"
+#include "packing/zip_writer.h"
 
 #include <locale.h>
 
 #include <archive.h>
 #include <archive_entry.h>
 
-namespace test {
+namespace packing {
 
 std::string packZip(const PackedFiles& files, const char* options) {
     // Names are converted by the locale; in the plainest one they would not come through.
@@ -36,4 +36,4 @@ std::string packZip(const PackedFiles& files, const char* options) {
     return bytes;
 }
 
-} // namespace test
+} // namespace packing

@@ -1,5 +1,5 @@
 // Records are laid folder by folder: record, list, names, then what is below; the data comes last.
-#include "support/archive_writer.h"
+#include "packing/archive_writer.h"
 
 #include <algorithm>
 #include <map>
@@ -7,7 +7,7 @@
 
 #include <libdeflate.h>
 
-namespace test {
+namespace packing {
 namespace {
 
 constexpr std::size_t pieceSize = 65536;
@@ -205,4 +205,4 @@ std::string packArchive(const PackedFiles& files, const PackOptions& options) {
     return bytes;
 }
 
-} // namespace test
+} // namespace packing

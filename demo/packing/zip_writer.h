@@ -3,12 +3,12 @@
 
 #include <string>
 
-#include "support/archive_writer.h"
+#include "packing/archive_writer.h"
 
-namespace test {
+namespace packing {
 
 /// Names are written as they are, however hostile; one that ends in "/" is a folder. `options` are
 /// those of libarchive. Room is for a megabyte.
 std::string packZip(const PackedFiles& files, const char* options = "");
 
-} // namespace test
+} // namespace packing
