@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "formats/build_menu.h"
+#include "formats/menu_files.h"
 #include "platform/text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
