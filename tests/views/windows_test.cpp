@@ -22,7 +22,7 @@ TEST_F(WindowTest, a_map_is_ticked_and_launched_through_the_widgets) {
     game.put("maps/A.OTA", "game");
     run({
         [] { chooseTab(4); },
-        [this] {
+        [] {
             EXPECT_EQ(find<QLabel>("lblList")->text(), "Available Maps:");
             EXPECT_EQ(find<QTabBar>("tspMain")->currentIndex(), 4);
             auto* list = find<QListView>("lstList");
@@ -82,7 +82,7 @@ TEST_F(WindowTest, the_rest_of_a_row_can_be_answered_alike) {
     run({
         [] { chooseTab(3); },
         [] { clickRow(0); },
-        [this] { find<QWidget>("frmMain")->close(); },
+        [] { find<QWidget>("frmMain")->close(); },
         [&] { answer(false, "&Yes", false); },
         [&] { answer(false, "&No", false); },
         [&] { answer(true, "&No", true); },
@@ -95,14 +95,14 @@ TEST_F(WindowTest, the_rest_of_a_row_can_be_answered_alike) {
 
 TEST_F(WindowTest, menu_items_show_the_checks_that_the_logic_sets) {
     run({
-        [this] {
+        [] {
             auto* enable = find<QWidget>("frmMain")->findChild<QAction*>("mnuMMenable");
             auto* small = find<QWidget>("frmMain")->findChild<QAction*>("mnuMMsmall");
             EXPECT_EQ(enable->shortcut(), QKeySequence("Ctrl+M"));
             EXPECT_FALSE(small->isEnabled());
             enable->trigger();
         },
-        [this] {
+        [] {
             EXPECT_TRUE(find<QWidget>("frmMain")->findChild<QAction*>("mnuMMenable")->isChecked());
             auto* small = find<QWidget>("frmMain")->findChild<QAction*>("mnuMMsmall");
             EXPECT_TRUE(small->isEnabled());

@@ -34,7 +34,7 @@ TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
     run({
         [] { chooseTab(4); },
         [] { find<QPushButton>("cmdAdd")->click(); },
-        [this] {
+        [] {
             auto* wizard = find<QWidget>("frmAdd");
             ASSERT_NE(wizard, nullptr);
             EXPECT_EQ(wizard->windowTitle(), "Add A Map");
