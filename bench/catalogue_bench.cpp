@@ -87,7 +87,7 @@ void tab() {
     const auto shown = [&](auto&& work) {
         return bench::timeOf([&] {
             work();
-            toolkit.refresher().flush();
+            toolkit.refresher().flush(views::Pace::pausing);
             QApplication::processEvents();
         });
     };

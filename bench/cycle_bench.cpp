@@ -107,6 +107,7 @@ using MakeToolkit = std::function<std::unique_ptr<windows::Toolkit>()>;
 struct Cycle {
     Seconds apply = 0;
     Seconds reset = 0;
+    Seconds start = 0; ///< with nothing to undo
 };
 
 Cycle cycle(const Tree& tree, const MakeToolkit& makeToolkit) {
@@ -118,7 +119,7 @@ Cycle cycle(const Tree& tree, const MakeToolkit& makeToolkit) {
     {
         const auto toolkit = makeToolkit();
         windows::frmMain main({*disk, *toolkit, programs, tree.root().string(), "", ""});
-        main.Init();
+        times.start = bench::timeOf([&] { main.Init(); });
         ::sync();
         times.apply = bench::timeOf([&] { main.moveFiles(); });
         main.saveSels();
@@ -170,11 +171,11 @@ class Hurried final : public views::QtToolkit {
 #endif
 
 struct Medians {
-    Seconds apply, reset, there, back;
+    Seconds apply, reset, start, there, back;
 };
 
 Medians measure(const Tree& tree, const MakeToolkit& makeToolkit) {
-    std::vector<Seconds> apply, reset, there, back;
+    std::vector<Seconds> apply, reset, start, there, back;
     for (int i = 0; i < rounds; ++i) {
         const auto bare = tree.bareMoves();
         there.push_back(bare.first);
@@ -182,8 +183,10 @@ Medians measure(const Tree& tree, const MakeToolkit& makeToolkit) {
         const auto times = cycle(tree, makeToolkit);
         apply.push_back(times.apply);
         reset.push_back(times.reset);
+        start.push_back(times.start);
     }
-    return {bench::median(apply), bench::median(reset), bench::median(there), bench::median(back)};
+    return {bench::median(apply), bench::median(reset), bench::median(start), bench::median(there),
+            bench::median(back)};
 }
 
 } // namespace
@@ -210,7 +213,9 @@ int main(int argc, char** argv) {
         const QApplication application(argc, argv);
         const auto shown = measure(tree, [] { return std::make_unique<Hurried>(); });
         bench::report("apply with the real window, against none", shown.apply, times.apply, 1.15);
-        bench::report("reset with the real window, against none", shown.reset, times.reset, 1.15);
+        // Opening the catalogue's window is no part of the reset.
+        bench::report("reset with the real window, against none", shown.reset - shown.start,
+                      times.reset - times.start, 1.15);
 #else
         static_cast<void>(argc);
         static_cast<void>(argv);

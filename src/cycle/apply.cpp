@@ -21,11 +21,10 @@ Plan makePlan(const releases::GameDirectory& game, const Selection& selection) {
                        }});
 }
 
-void carryOut(releases::GameDirectory& game, const Plan& plan,
+void carryOut(releases::GameDirectory& game, const formats::Journal& journal,
               const std::function<void()>& modifier) {
     auto& disk = game.disk();
     auto& log = game.log();
-    const auto journal = plan.journal();
     // What the reset moved back must not be lost once the journal that tells of it is replaced.
     platform::attempt([&] { disk.flush(); });
     platform::attempt([&] { disk.writeFile(humanFile(game), formats::humanText(journal)); });
@@ -38,9 +37,12 @@ void carryOut(releases::GameDirectory& game, const Plan& plan,
     }
     log.stage("Moving Files...");
     game.beginMoves();
+    std::string line;
+    std::string from;
+    std::string to;
     for (const auto& move : journal.moves) {
-        log.line(move.source + " to " + move.destination);
-        game.MoveFile(game.at(move.source), game.at(move.destination));
+        log.line(line.assign(move.source).append(" to ").append(move.destination));
+        game.MoveFile(game.at(move.source, from), game.at(move.destination, to));
         log.breathe();
     }
     if (modifier)

@@ -3,6 +3,7 @@
 #include "cycle/move_list.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -24,38 +25,44 @@ void MoveList::clear(int slot) {
     at(slot) = {};
 }
 
+std::vector<moveEntry> MoveList::takeSlots() {
+    auto slots = std::move(slots_);
+    *this = {};
+    return slots;
+}
+
 int MoveList::firstWithDest(std::string_view toPath) const {
-    const auto [begin, end] = byDest_.equal_range(platform::hashIgnoringCase(toPath));
     int first = -1;
-    for (auto at = begin; at != end; ++at)
-        if ((first == -1 || at->second < first) &&
-            platform::equalIgnoringCase((*this)[at->second].toPath, toPath))
-            first = at->second;
+    byDest_.each(platform::hashIgnoringCase(toPath), [&](platform::HashChains::Slot found) {
+        const int slot = static_cast<int>(found);
+        if ((first == -1 || slot < first) &&
+            platform::equalIgnoringCase((*this)[slot].toPath, toPath))
+            first = slot;
+    });
     return first;
 }
 
 void MoveList::forget(int slot) {
-    const auto [begin, end] = byDest_.equal_range(platform::hashIgnoringCase(at(slot).toPath));
-    const auto known =
-        std::find_if(begin, end, [&](const auto& each) { return each.second == slot; });
-    if (known != end)
-        byDest_.erase(known);
+    byDest_.remove(static_cast<platform::HashChains::Slot>(slot));
 }
 
 void MoveList::remember(int slot) {
-    byDest_.emplace(platform::hashIgnoringCase(at(slot).toPath), slot);
+    byDest_.add(static_cast<platform::HashChains::Slot>(slot),
+                platform::hashIgnoringCase(at(slot).toPath));
 }
 
-std::string cleanRelPath(std::string_view path) {
-    path.remove_prefix(std::min(path.find_first_not_of('\\'), path.size()));
-    if (path.find("\\\\") == std::string_view::npos)
-        return std::string(path);
+std::string cleanRelPath(std::string path) {
+    if (path.starts_with('\\'))
+        path.erase(0, path.find_first_not_of('\\'));
+    if (path.find("\\\\") == std::string::npos)
+        return path;
     return platform::replaceAll(path, "\\\\", "\\");
 }
 
-void addMove(MoveList& moves, std::string_view fromPath, std::string_view toPath,
-             releases::ReleaseType type, std::string_view relName) {
-    moves.add({cleanRelPath(fromPath), cleanRelPath(toPath), type, std::string(relName)});
+void addMove(MoveList& moves, std::string fromPath, std::string toPath, releases::ReleaseType type,
+             std::string_view relName) {
+    moves.add({cleanRelPath(std::move(fromPath)), cleanRelPath(std::move(toPath)), type,
+               std::string(relName)});
 }
 
 int findDest(const MoveList& moves, std::string_view toPath) {

@@ -12,7 +12,8 @@ using namespace releases;
 
 namespace {
 
-using Names = std::vector<std::string>;
+/// They live as long as the listing.
+using Names = std::vector<std::string_view>;
 
 constexpr std::string_view gameProgram = "totala.exe";
 
@@ -27,24 +28,30 @@ std::string below(const std::string& folder) {
     return folder.empty() ? folder : folder + "\\";
 }
 
+std::string joined(std::string_view start, std::string_view name) {
+    std::string path;
+    path.reserve(start.size() + name.size());
+    return path.append(start).append(name);
+}
+
 /// The files of a folder whose names stand for one entry whatever their case. A disk that tells
 /// case apart may hold two names alike, which could be moved, but not told apart on the way back.
 /// In a listing they are neighbours.
 Names unmistakableFiles(const platform::FolderNames& names) {
-    const auto isAlike = [&](std::size_t a, std::size_t b) {
-        return a < names.files.size() && b < names.files.size() &&
-               platform::equalIgnoringCase(names.files[a], names.files[b]);
-    };
     Names files;
     files.reserve(names.files.size());
-    const auto isBefore = [](const std::string& a, const std::string& b) {
+    const auto isBefore = [](std::string_view a, std::string_view b) {
         return platform::lessIgnoringCase(a, b) && !platform::equalIgnoringCase(a, b);
     };
-    for (std::size_t i = 0; i < names.files.size(); ++i)
-        if (!isAlike(i, i - 1) && !isAlike(i, i + 1) &&
-            !std::binary_search(names.folders.begin(), names.folders.end(), names.files[i],
-                                isBefore))
-            files.push_back(names.files[i]);
+    for (auto file = names.files.begin(); file != names.files.end();) {
+        const auto next = std::find_if(file + 1, names.files.end(), [&](const auto& other) {
+            return !platform::equalIgnoringCase(*file, other);
+        });
+        if (next == file + 1 &&
+            !std::binary_search(names.folders.begin(), names.folders.end(), *file, isBefore))
+            files.push_back(*file);
+        file = next;
+    }
     return files;
 }
 
@@ -62,9 +69,10 @@ Plan Plan::make(const Selection& selection, const Listings& listings, const Answ
 
 void Plan::gatherGame(const Listings& listings) {
     const auto book = [&](const std::string& folder, const platform::FolderNames& names) {
+        const auto start = below(folder);
         for (const auto& file : unmistakableFiles(names))
             if (!isDocumentation(file, folder.empty()))
-                addMove(moves_, below(folder) + file, below(folder) + file, ReleaseType::tc,
+                addMove(moves_, joined(start, file), joined(start, file), ReleaseType::tc,
                         defaultTC);
     };
     const auto root = listings("");
@@ -97,10 +105,12 @@ void Plan::gatherRelease(ReleaseType type, const std::string& name, const Listin
 void Plan::gatherFolder(ReleaseType type, const std::string& name, const std::string& from,
                         const std::string& to, const platform::FolderNames& names,
                         const Answers& answers) {
+    const auto fromStart = below(from);
+    const auto toStart = below(to);
     for (const auto& file : unmistakableFiles(names)) {
         if (isDocumentation(file, to.empty()))
             continue;
-        addMove(moves_, below(from) + file, below(to) + file, type, name);
+        addMove(moves_, joined(fromStart, file), joined(toStart, file), type, name);
         settleLast(answers);
     }
 }
@@ -149,14 +159,20 @@ void Plan::chooseExe(const Answers& answers) {
     }
 }
 
-formats::Journal Plan::journal() const {
+formats::Journal Plan::journal() const& {
+    return Plan(*this).journal();
+}
+
+formats::Journal Plan::journal() && {
     formats::Journal journal;
     const auto folders = mkdirs_.entries();
     journal.folders.assign(folders.begin(), folders.end());
-    for (const auto& entry : entries())
+    auto slots = moves_.takeSlots();
+    journal.moves.reserve(slots.size());
+    for (auto& entry : slots)
         if (entry.moves())
-            journal.moves.push_back(
-                {entry.fromPath, entry.toPath, entry.relName, static_cast<int>(entry.relType)});
+            journal.moves.push_back({std::move(entry.fromPath), std::move(entry.toPath),
+                                     std::move(entry.relName), static_cast<int>(entry.relType)});
     return journal;
 }
 

@@ -26,7 +26,7 @@ class Undo {
     void moves() {
         game_.beginMoves();
         for (auto move = journal_.moves.rbegin(); move != journal_.moves.rend(); ++move) {
-            game_.log().line(move->destination + " to " + move->source);
+            game_.log().line(line_.assign(move->destination).append(" to ").append(move->source));
             moveBack(*move);
             game_.log().breathe();
         }
@@ -34,8 +34,8 @@ class Undo {
 
   private:
     void moveBack(const Move& move) {
-        const auto from = game_.at(move.destination);
-        const auto to = game_.at(move.source);
+        const auto& from = game_.at(move.destination, from_);
+        const auto& to = game_.at(move.source, to_);
         // A folder of the journal may stand where a file was that made room for a release's.
         if (move.source.find('\\') == std::string::npos &&
             folders_.contains(platform::foldCase(move.source)))
@@ -73,6 +73,10 @@ class Undo {
     /// Where the files of the game that had to make room wait, by their places, case folded.
     std::unordered_map<std::string, std::string> displaced_;
     std::unordered_set<std::string> folders_;
+    // Their room is used again for each move.
+    std::string line_;
+    std::string from_;
+    std::string to_;
     std::string lastFolder_;
     bool lastIsThere_ = true;
 };

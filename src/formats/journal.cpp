@@ -15,15 +15,29 @@ constexpr std::string_view movesHead = "MOVES";
 // ends the section of the folders.
 constexpr std::string_view movesFolder = "Moves";
 
-void addLine(std::string& text, std::string_view line) {
-    text += line;
-    text += platform::lineBreak;
+template <typename... Parts>
+void addLine(std::string& text, const Parts&... parts) {
+    (text.append(parts), ...);
+    text.append(platform::lineBreak);
+}
+
+/// A little more than its paths take up in a text, so that it grows once.
+std::size_t roomFor(const Journal& journal) {
+    constexpr std::size_t aroundFolder = 40;
+    constexpr std::size_t aroundMove = 40;
+    std::size_t room = aroundFolder;
+    for (const auto& folder : journal.folders)
+        room += folder.size() + aroundFolder;
+    for (const auto& move : journal.moves)
+        room += move.source.size() + move.destination.size() + move.release.size() + aroundMove;
+    return room;
 }
 
 } // namespace
 
 std::string journalText(const Journal& journal) {
     std::string text;
+    text.reserve(roomFor(journal));
     addLine(text, foldersHead);
     for (const auto& folder : journal.folders)
         addLine(text, folder == movesHead ? movesFolder : folder);
@@ -37,13 +51,14 @@ std::string journalText(const Journal& journal) {
 
 std::string humanText(const Journal& journal) {
     std::string text;
+    text.reserve(roomFor(journal));
     for (const auto& folder : journal.folders) {
         addLine(text, " Folder Made If Not Existing:");
         addLine(text, folder);
     }
     for (const auto& move : journal.moves) {
-        addLine(text, " Move for " + move.release + " " + std::to_string(move.typeNumber) + ":");
-        addLine(text, move.source + "\t --> \t" + move.destination);
+        addLine(text, " Move for ", move.release, " ", std::to_string(move.typeNumber), ":");
+        addLine(text, move.source, "\t --> \t", move.destination);
     }
     return text;
 }

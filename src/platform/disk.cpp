@@ -14,7 +14,8 @@ namespace platform {
 namespace {
 
 bool isExpressible(std::string_view name) {
-    return name.find_first_of("\\\r\n") == std::string_view::npos;
+    return std::none_of(name.begin(), name.end(),
+                        [](char c) { return c == '\\' || c == '\r' || c == '\n'; });
 }
 
 EntryKind kindOfEntry(const RawEntry& entry) {

@@ -21,8 +21,6 @@ bool isBelowIgnoringCase(std::string_view path, std::string_view folder) {
 
 bool Disk::moveEntry(const std::string& from, const std::string& to) {
     aboutToChange(from);
-    if (equalIgnoringCase(from, to))
-        return false;
     if (isBelowIgnoringCase(to, from)) {
         if (kindOf(to) != EntryKind::none || kindOf(from) == EntryKind::none)
             return false;
@@ -43,7 +41,9 @@ bool Disk::moveEntry(const std::string& from, const std::string& to) {
                     return false;
                 throw;
             }
-            return !target.folder->has(target.leaf) && move(source, target, to);
+            const bool isSame =
+                source.folder == target.folder && equalIgnoringCase(source.leaf, target.leaf);
+            return !isSame && !target.folder->has(target.leaf) && move(source, target, to);
         },
         [&] { made.undo(*raw_); });
     if (!isMoved)

@@ -1,6 +1,8 @@
 // A path is walked once; the calls that follow find its folder by the text ahead of the last name.
 #include "folder_cache.h"
 
+#include <algorithm>
+
 #include "check.h"
 #include "platform/paths.h"
 #include "platform/relative_path.h"
@@ -13,7 +15,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto pathsLast = 250ms;
-constexpr std::size_t mostFolders = 400;
+/// A process may mostly have 1,024 files open.
+constexpr std::size_t mostFolders = 800;
 
 std::vector<std::string> partsOf(std::string_view path) {
     return splitPath(systemSeparator == '\\' ? std::string(path) : replaceAll(path, "/", "\\"));
@@ -31,7 +34,7 @@ void NewFolders::undo(RawDisk& disk) {
 
 void FolderCache::setGameDirectory(const std::string& folder) {
     gameDirectory_ = folder;
-    paths_.clear();
+    forgetPaths();
     folders_.clear();
 }
 
@@ -43,7 +46,7 @@ void FolderCache::beginCall() {
 }
 
 void FolderCache::letGo() {
-    paths_.clear();
+    forgetPaths();
     // What lies outside goes, so that a disk of it can be taken off the machine. Of too many
     // folders those stay that it would take longest to learn again.
     const bool areTooMany = folders_.size() > mostFolders;
@@ -84,8 +87,13 @@ FolderPtr FolderCache::open(const Place& place, std::size_t depth, NewFolders* m
         folder = objectOf(std::move(raw), place.base, place.isInside);
     } else {
         const auto parent = open(place, depth - 1, made);
-        const auto name = nameIn(parent, place.parts[depth - 1], made);
-        check(disk_.openFolder(parent->raw(), name, place.links(), raw), "open folder", name);
+        auto name = place.parts[depth - 1];
+        auto error = disk_.openFolder(parent->raw(), name, place.links(), raw);
+        if (error == std::errc::no_such_file_or_directory) {
+            name = nameIn(parent, name, made);
+            error = disk_.openFolder(parent->raw(), name, place.links(), raw);
+        }
+        check(error, "open folder", name);
         folder = objectOf(std::move(raw), name, place.isInside);
         parent->noteOpened(name);
     }
@@ -118,7 +126,7 @@ FolderPtr FolderCache::objectOf(std::unique_ptr<RawFolder> raw, std::string_view
 
 std::string FolderCache::nameIn(const FolderPtr& parent, const std::string& part,
                                 NewFolders* made) {
-    if (const auto known = parent->spelling(part))
+    if (const auto known = parent->otherSpelling(part))
         return *known;
     if (made != nullptr) {
         const auto error = disk_.makeFolder(parent->raw(), part);
@@ -140,17 +148,27 @@ std::error_code FolderCache::syncWayTo(std::string_view path) {
     return {};
 }
 
-bool FolderCache::spotInKnownFolder(const std::string& path, Spot& spot) const {
+bool FolderCache::spotInKnownFolder(const std::string& path, Spot& spot) {
     const auto cut = path.rfind('\\');
     if (cut == std::string::npos || cut + 1 == path.size() || !isBelow(path, gameDirectory_))
         return false;
-    const auto known = paths_.find(std::string_view(path).substr(0, cut));
-    if (known == paths_.end())
-        return false;
+    const auto folder = std::string_view(path).substr(0, cut);
     const auto leaf = std::string_view(path).substr(cut + 1);
     if (leadsAway(leaf))
         return false;
-    spot.folder = known->second;
+    // Moves one after another mostly go between the same two folders.
+    auto recent = std::find_if(recent_.begin(), recent_.end(), [&](const auto* known) {
+        return known != nullptr && known->first == folder;
+    });
+    if (recent == recent_.end()) {
+        const auto known = paths_.find(folder);
+        if (known == paths_.end())
+            return false;
+        std::swap(recent_.front(), recent_.back());
+        recent = recent_.begin();
+        *recent = &*known;
+    }
+    spot.folder = (*recent)->second;
     spot.leaf = leaf;
     return true;
 }

@@ -1,6 +1,7 @@
 // From paths to open folders.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -74,7 +75,10 @@ class FolderCache {
     std::error_code syncWayTo(std::string_view path);
 
     /// Paths may lead elsewhere now.
-    void forgetPaths() { paths_.clear(); }
+    void forgetPaths() {
+        paths_.clear();
+        recent_ = {};
+    }
 
   private:
     /// Lets a map of strings be searched without making one.
@@ -97,13 +101,17 @@ class FolderCache {
 
     void letGo();
     /// The spot of a path right below a folder that a call before this one led to.
-    bool spotInKnownFolder(const std::string& path, Spot& spot) const;
+    bool spotInKnownFolder(const std::string& path, Spot& spot);
     FolderPtr objectOf(std::unique_ptr<RawFolder> raw, std::string_view name, bool isInside);
     std::string nameIn(const FolderPtr& parent, const std::string& part, NewFolders* made);
 
     RawDisk& disk_;
     std::string gameDirectory_;
-    std::unordered_map<std::string, FolderPtr, TextHash, std::equal_to<>> paths_;
+    using Paths = std::unordered_map<std::string, FolderPtr, TextHash, std::equal_to<>>;
+
+    Paths paths_;
+    /// The two that were last looked up.
+    std::array<const Paths::value_type*, 2> recent_{};
     std::unordered_map<Identity, Known, IdentityHash> folders_;
     std::chrono::steady_clock::time_point lastCall_;
 };

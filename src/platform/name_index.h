@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
+#include "platform/hash_chains.h"
 #include "platform/raw_disk.h"
 
 namespace platform {
@@ -19,23 +19,21 @@ class NameIndex {
     /// Forgets that spelling, or the only other one.
     void remove(std::string_view name);
 
-    bool isEmpty() const { return names_.empty(); }
+    bool isEmpty() const { return names_.size() == freeSlots_.size(); }
 
     /// Of several spellings the first by bytes, so that it does not depend on the disk's order.
     std::optional<std::string> find(std::string_view name) const;
 
   private:
-    /// Names are kept once, as they are: folding again costs less than a second string each.
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view name) const;
-    };
-    struct Equal {
-        using is_transparent = void;
-        bool operator()(std::string_view a, std::string_view b) const;
-    };
+    using Slot = HashChains::Slot;
 
-    std::unordered_multiset<std::string, Hash, Equal> names_;
+    /// The slots whose names are equal whatever their case.
+    template <typename Take>
+    void eachAlike(std::string_view name, Take&& take) const;
+
+    std::vector<std::string> names_;
+    std::vector<Slot> freeSlots_;
+    HashChains byName_;
 };
 
 } // namespace platform

@@ -10,13 +10,25 @@
 namespace platform {
 namespace {
 
+bool isPlain(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
 bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return std::all_of(text.begin(), text.end(), isPlain);
 }
 
 char foldAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+/// How far two texts agree in plain letters, whatever their case.
+std::size_t lengthOfPlainHeadAlike(std::string_view a, std::string_view b) {
+    const auto most = std::min(a.size(), b.size());
+    std::size_t at = 0;
+    while (at < most && isPlain(a[at]) && isPlain(b[at]) && foldAscii(a[at]) == foldAscii(b[at]))
+        ++at;
+    return at;
 }
 
 utf8proc_int32_t foldCodePoint(utf8proc_int32_t code) {
@@ -88,14 +100,12 @@ std::string foldCase(std::string_view text) {
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-    std::size_t at = 0;
-    // Letters fold one by one, so two plain ones that differ settle it whatever follows.
-    for (; at < a.size() && at < b.size() && isPlain(a[at]) && isPlain(b[at]); ++at)
-        if (foldAscii(a[at]) != foldAscii(b[at]))
-            return false;
+    const auto at = lengthOfPlainHeadAlike(a, b);
     if (at == a.size() || at == b.size())
         return a.size() == b.size();
+    // Letters fold one by one, so two plain ones that differ settle it whatever follows.
+    if (isPlain(a[at]) && isPlain(b[at]))
+        return false;
     return foldCase(a.substr(at)) == foldCase(b.substr(at));
 }
 
@@ -116,16 +126,19 @@ bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {
 }
 
 bool lessIgnoringCase(std::string_view a, std::string_view b) {
-    if (isAscii(a) && isAscii(b)) {
-        const auto before = [](char x, char y) { return foldAscii(x) < foldAscii(y); };
-        if (std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), before))
-            return true;
-        if (std::lexicographical_compare(b.begin(), b.end(), a.begin(), a.end(), before))
-            return false;
-        return a < b;
+    // What both have in common, letter by letter, does not count.
+    const auto at = lengthOfPlainHeadAlike(a, b);
+    const auto restA = a.substr(at);
+    const auto restB = b.substr(at);
+    if (restA.empty() || restB.empty() || (isPlain(restA.front()) && isPlain(restB.front()))) {
+        if (restA.empty() && restB.empty())
+            return a < b;
+        if (restA.empty() || restB.empty())
+            return restA.empty();
+        return foldAscii(restA.front()) < foldAscii(restB.front());
     }
-    const auto foldedA = foldCase(a);
-    const auto foldedB = foldCase(b);
+    const auto foldedA = foldCase(restA);
+    const auto foldedB = foldCase(restB);
     return foldedA != foldedB ? foldedA < foldedB : a < b;
 }
 
@@ -154,11 +167,14 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
 }
 
 std::vector<std::string> splitLines(std::string_view bytes) {
+    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
     std::vector<std::string> lines;
+    lines.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1);
     while (!bytes.empty()) {
-        const auto end = bytes.find_first_of("\r\n");
+        const auto end = static_cast<std::size_t>(
+            std::find_if(bytes.begin(), bytes.end(), isLineEnd) - bytes.begin());
         lines.emplace_back(bytes.substr(0, end));
-        if (end == std::string_view::npos)
+        if (end == bytes.size())
             break;
         const bool pair = bytes.substr(end, 2) == lineBreak;
         bytes.remove_prefix(end + (pair ? 2 : 1));

@@ -18,8 +18,14 @@ void GameDirectory::open(const std::string& folder) {
 
 std::string GameDirectory::at(std::string_view relativePath) const {
     std::string path;
+    at(relativePath, path);
+    return path;
+}
+
+const std::string& GameDirectory::at(std::string_view relativePath, std::string& path) const {
+    path.clear();
     path.reserve(TADir_.size() + 1 + relativePath.size());
-    return path.append(TADir_).append("\\").append(relativePath);
+    return path.append(TADir_).append(1, '\\').append(relativePath);
 }
 
 std::string GameDirectory::inDataTree(std::string_view relativePath) const {

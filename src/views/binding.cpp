@@ -12,9 +12,14 @@ namespace views {
 
 void Refresher::forget(const Binding* binding) {
     std::erase(dirty_, binding);
+    std::erase(putOff_, binding);
 }
 
-void Refresher::flush() {
+void Refresher::flush(Pace pace) {
+    pace_ = pace;
+    if (pace == Pace::pausing)
+        for (auto* binding : std::exchange(putOff_, {}))
+            binding->changed();
     // A window that begins to rest has its controls shown anew.
     while (!dirty_.empty())
         for (auto* binding : std::exchange(dirty_, {}))

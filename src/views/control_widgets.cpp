@@ -86,7 +86,12 @@ QPlainTextEdit* WindowView::textEdit(windows::TextBox& control) {
     });
     watchLeaving(control, widget);
     bind(control, widget,
-         [follow = std::make_shared<TextFollower>(control, widget)] { (*follow)(); });
+         [this, &control, follow = std::make_shared<TextFollower>(control, widget)] {
+             auto& refresher = toolkit_.refresher();
+             (*follow)(refresher.pace());
+             if (follow->lags())
+                 refresher.putOff(static_cast<Binding*>(control.view));
+         });
     return widget;
 }
 

@@ -66,7 +66,7 @@ void QtToolkit::open(windows::Window& window, Qt::WindowModality modality) {
     auto* view = viewOf(window);
     window.setVisible(true);
     input_.opened(window, modality != Qt::NonModal);
-    refresher_.flush();
+    refresher_.flush(Pace::pausing);
     view->setWindowModality(modality);
     putOverOwner(*view);
     view->show();
@@ -113,7 +113,7 @@ QWidget* QtToolkit::boxParent() const {
 }
 
 windows::MessageAnswer QtToolkit::showMessage(const windows::MessageBox& box) {
-    refresher_.flush();
+    refresher_.flush(Pace::pausing);
     QMessageBox dialog(boxParent());
     dialog.setObjectName("messageBox");
     dialog.setWindowTitle(shown(box.title));
@@ -142,7 +142,7 @@ windows::MessageAnswer QtToolkit::showMessage(const windows::MessageBox& box) {
 }
 
 std::optional<std::string> QtToolkit::askForText(const windows::InputBox& box) {
-    refresher_.flush();
+    refresher_.flush(Pace::pausing);
     bool accepted = false;
     const auto text = QInputDialog::getText(boxParent(), shown(box.title), shown(box.text),
                                             QLineEdit::Normal, shown(box.preset), &accepted);
@@ -150,14 +150,14 @@ std::optional<std::string> QtToolkit::askForText(const windows::InputBox& box) {
 }
 
 std::optional<std::string> QtToolkit::askForFile(const windows::FileDialog& dialog) {
-    refresher_.flush();
+    refresher_.flush(Pace::pausing);
     const auto path = QFileDialog::getOpenFileName(
         boxParent(), shown(dialog.title), shown(dialog.folder), nameFilters(dialog.filter));
     return path.isEmpty() ? std::nullopt : std::optional(nativePath(path));
 }
 
 std::vector<std::string> QtToolkit::askForFiles(const windows::FileDialog& dialog) {
-    refresher_.flush();
+    refresher_.flush(Pace::pausing);
     std::vector<std::string> files;
     for (const auto& path : QFileDialog::getOpenFileNames(
              boxParent(), shown(dialog.title), shown(dialog.folder), nameFilters(dialog.filter)))
@@ -166,7 +166,7 @@ std::vector<std::string> QtToolkit::askForFiles(const windows::FileDialog& dialo
 }
 
 std::optional<std::string> QtToolkit::askForFolder(const windows::FileDialog& dialog) {
-    refresher_.flush();
+    refresher_.flush(Pace::pausing);
     const auto path =
         QFileDialog::getExistingDirectory(boxParent(), shown(dialog.title), shown(dialog.folder));
     return path.isEmpty() ? std::nullopt : std::optional(nativePath(path));
@@ -181,7 +181,7 @@ windows::Input::Fate QtToolkit::post(windows::Action action) {
 }
 
 void QtToolkit::processEvents(bool wait) {
-    refresher_.flush();
+    refresher_.flush(wait ? Pace::pausing : Pace::working);
     QCoreApplication::processEvents(wait ? QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
     lastEvents_ = std::chrono::steady_clock::now();
 }

@@ -1,8 +1,10 @@
-// A long text on the screen: of a text that has only grown, no more than the new part is set.
+// A long text on the screen: of a text that has only grown, no more than the new part is set, and
+// of what comes faster than a person can read, no more than its end until the work pauses.
 #pragma once
 
 #include <QPlainTextEdit>
 
+#include "views/binding.h"
 #include "windows/controls.h"
 
 namespace views {
@@ -13,7 +15,9 @@ class TextFollower {
     TextFollower(const windows::TextBox& control, QPlainTextEdit* edit)
         : control_(control), edit_(edit) {}
 
-    void operator()();
+    void operator()(Pace pace);
+    /// Lines were left out that are to be shown at the next pause.
+    bool lags() const { return lags_; }
 
   private:
     void showAll(const QString& text);
@@ -22,6 +26,7 @@ class TextFollower {
     QPlainTextEdit* edit_;
     unsigned revision_ = 0;
     std::size_t shown_ = 0;
+    bool lags_ = false;
 };
 
 } // namespace views

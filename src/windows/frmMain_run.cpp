@@ -71,7 +71,7 @@ void frmMain::resetGameDirectory() {
 
 void frmMain::moveFiles() {
     setResting(true);
-    const auto plan = cycle::makePlan(game_, selection_);
+    const auto journal = cycle::makePlan(game_, selection_).journal();
     log_.open("Rearranging TA Directory...", "Updating for chosen settings...",
               LogWindow::Shows::withText);
     std::string problem;
@@ -83,7 +83,7 @@ void frmMain::moveFiles() {
             problem = "The download file of the unit \"" + *unit +
                       "\" could not be opened, because its name leads out of the folder.";
     };
-    cycle::carryOut(game_, plan,
+    cycle::carryOut(game_, journal,
                     selection_.modifier.enabled ? std::function<void()>(modifier) : nullptr);
     show();
     showLogForASecond();

@@ -63,7 +63,7 @@ class PowerTest : public testing::Test {
     static void apply(releases::GameDirectory& game, const char* mod) {
         Selection selection;
         selection.add(ReleaseType::mod, mod);
-        carryOut(game, makePlan(game, selection));
+        carryOut(game, makePlan(game, selection).journal());
     }
     static void reset(releases::GameDirectory& game) {
         undo(game, lastJournal(game).value(), false);

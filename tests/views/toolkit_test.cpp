@@ -6,7 +6,9 @@
 #include <QAction>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTimer>
 
 #include "views/support/window_test.h"
 #include "windows/frmShowReadme.h"
@@ -52,6 +54,32 @@ TEST_F(Ticks, are_dropped_with_the_panel) {
     std::this_thread::sleep_for(aWhile);
     toolkit.doEvents();
     EXPECT_EQ(ticks, 0);
+}
+
+TEST(Log, shows_every_line_when_the_work_pauses_however_fast_they_came) {
+    views::QtToolkit toolkit;
+    windows::frmShowReadme log(toolkit);
+    log.Form_Load();
+    log.setLogText("first");
+    toolkit.show(log);
+    std::string all = "first";
+    const auto* shown = find<QPlainTextEdit>("txtReadme");
+    for (const int burst : {3000, 3000, 1}) {
+        for (int i = 0; i < burst; ++i) {
+            const auto line = "line " + std::to_string(i);
+            log.appendLogLine(line);
+            all += "\n" + line;
+        }
+        std::this_thread::sleep_for(aWhile);
+        toolkit.doEvents();
+        EXPECT_TRUE(
+            shown->toPlainText().endsWith(QString::fromStdString(all.substr(all.size() - 200))));
+    }
+    EXPECT_LT(shown->toPlainText().size(), static_cast<qsizetype>(all.size()))
+        << "nobody can read that fast";
+    QTimer::singleShot(0, [] {});
+    toolkit.waitForTimer();
+    EXPECT_EQ(shown->toPlainText().toStdString(), all);
 }
 
 TEST(Wishes, are_noted_while_the_program_works_also_where_the_window_rests) {

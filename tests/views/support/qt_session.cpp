@@ -139,7 +139,7 @@ bool QtSessionToolkit::takesEffect(const headless::Gesture& gesture) {
 void QtSessionToolkit::tryMeanwhile() {
     for (const auto& line : user_.takeMeanwhile()) {
         const auto gesture = headless::meanwhileGesture(line, input().open());
-        refresher().flush();
+        refresher().flush(views::Pace::pausing);
         if (!takesEffect(gesture))
             user_.tell(headless::refusedEvent(line));
     }
@@ -184,7 +184,7 @@ void QtSessionToolkit::dump() {
 /// The timers of the widgets, with nothing left to wait for.
 void QtSessionToolkit::waitForTimer() {
     tryMeanwhile();
-    refresher().flush();
+    refresher().flush(views::Pace::pausing);
     for (auto* window : input().open())
         for (const auto* control : window->controls()) {
             const auto name = QString::fromStdString(control->name());

@@ -18,7 +18,7 @@ Plan makePlan(const releases::GameDirectory& game, const Selection& selection);
 /// Passes over every failure, that of writing the journal too: a file that cannot be moved is told
 /// of, all others go on. What the reset before it changed is synced before the journal of that
 /// reset is replaced. What `modifier` throws goes through.
-void carryOut(releases::GameDirectory& game, const Plan& plan,
+void carryOut(releases::GameDirectory& game, const formats::Journal& journal,
               const std::function<void()>& modifier = {});
 
 } // namespace cycle

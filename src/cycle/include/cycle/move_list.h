@@ -5,9 +5,9 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "platform/hash_chains.h"
 #include "releases/release_types.h"
 
 namespace cycle {
@@ -36,6 +36,8 @@ class MoveList {
     int last() const { return static_cast<int>(slots_.size()) - 1; }
     const moveEntry& operator[](int slot) const { return slots_[static_cast<std::size_t>(slot)]; }
     std::span<const moveEntry> entries() const { return std::span(slots_).subspan(1); }
+    /// Hands all slots out, the blank one included; the list is empty then.
+    std::vector<moveEntry> takeSlots();
 
     /// A slot keeps its number for good. The calls below take those from 1 to `last`.
     void add(moveEntry entry);
@@ -51,16 +53,16 @@ class MoveList {
     void remember(int slot);
 
     std::vector<moveEntry> slots_;
-    /// Slots by the hash of their destination, whatever its case.
-    std::unordered_multimap<std::size_t, int> byDest_;
+    /// By their destinations, whatever the case.
+    platform::HashChains byDest_;
 };
 
 /// Without leading backslashes, doubled ones made single.
-std::string cleanRelPath(std::string_view path);
+std::string cleanRelPath(std::string path);
 
 /// Adds an entry with both paths cleaned. `relName` is in the form in which the selection has it.
-void addMove(MoveList& moves, std::string_view fromPath, std::string_view toPath,
-             releases::ReleaseType type, std::string_view relName);
+void addMove(MoveList& moves, std::string fromPath, std::string toPath, releases::ReleaseType type,
+             std::string_view relName);
 
 /// The first slot with that destination, case ignored, or -1.
 int findDest(const MoveList& moves, std::string_view toPath);

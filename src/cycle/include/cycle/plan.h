@@ -48,7 +48,8 @@ class Plan {
 
     /// What is carried out, and what the next start is to undo. The order counts: a file of the
     /// game leaves its place ahead of the release's file that comes there.
-    formats::Journal journal() const;
+    formats::Journal journal() const&;
+    formats::Journal journal() &&;
 
   private:
     void gatherFolder(releases::ReleaseType type, const std::string& name, const std::string& from,

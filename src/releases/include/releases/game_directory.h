@@ -31,6 +31,8 @@ class GameDirectory {
 
     /// Absolute paths, from ones relative to the game directory or to the data tree.
     std::string at(std::string_view relativePath) const;
+    /// The same into a string whose room is used again.
+    const std::string& at(std::string_view relativePath, std::string& path) const;
     std::string inDataTree(std::string_view relativePath) const;
 
     platform::Disk& disk() const { return disk_; }

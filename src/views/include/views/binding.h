@@ -12,16 +12,24 @@ namespace views {
 
 class Binding;
 
+/// Whether the program is in the middle of its work, or has come to a pause: it waits.
+enum class Pace { working, pausing };
+
 /// Gathers the controls that have changed, so that each is shown once however often it changed.
 class Refresher {
   public:
     void add(Binding* binding) { dirty_.push_back(binding); }
     void forget(const Binding* binding);
-    /// Brings all widgets up to date.
-    void flush();
+    /// Brings all widgets up to date, while the program works as far as a person can follow.
+    void flush(Pace pace);
+    Pace pace() const { return pace_; }
+    /// A widget that is to be brought up to date at the next pause.
+    void putOff(Binding* binding) { putOff_.push_back(binding); }
 
   private:
     std::vector<Binding*> dirty_;
+    std::vector<Binding*> putOff_;
+    Pace pace_ = Pace::pausing;
 };
 
 class Binding final : public windows::View {
