@@ -1,0 +1,264 @@
+// The oracle is asked behind the disturbed session, and again behind the next start, calm by then,
+// and one more.
+#include "crash/points.h"
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+#include <iterator>
+#include <random>
+#include <sstream>
+#include <vector>
+
+#include "crash/world.h"
+
+namespace crash {
+namespace {
+
+struct NamedError {
+    const char* name;
+    std::errc kind;
+};
+constexpr NamedError errors[] = {{"full", std::errc::no_space_on_device},
+                                 {"denied", std::errc::permission_denied},
+                                 {"in-use", std::errc::device_or_resource_busy},
+                                 {"broken", std::errc::io_error},
+                                 {"read-only", std::errc::read_only_file_system}};
+constexpr const char* reaches[] = {"once", "onwards", "same-name"};
+constexpr const char* models[] = {"in-order", "any-order"};
+
+template <typename Names>
+int indexOf(const Names& names, const std::string& name) {
+    int index = 0;
+    for (const auto& each : names) {
+        if (name == each)
+            return index;
+        ++index;
+    }
+    return -1;
+}
+
+struct Point {
+    enum class Kind { stop, pair, fail, power };
+    Kind kind = Kind::stop;
+    int operation = 0;
+    int number = 0;
+    int how = 0;            ///< the error, or the model
+    int reach = 0;          ///< of the error
+    std::uint32_t more = 0; ///< the second change of a pair, or the seed of a loss
+};
+constexpr const char* kinds[] = {"stop", "pair", "fail", "power"};
+
+std::string recipeOf(const Point& point) {
+    std::ostringstream text;
+    text << kinds[static_cast<int>(point.kind)] << " "
+         << operations()[static_cast<std::size_t>(point.operation)].name << " " << point.number;
+    if (point.kind == Point::Kind::fail)
+        text << " " << errors[point.how].name << " " << reaches[point.reach];
+    if (point.kind == Point::Kind::power)
+        text << " " << models[point.how];
+    if (point.kind == Point::Kind::pair || point.kind == Point::Kind::power)
+        text << " " << point.more;
+    return text.str();
+}
+
+bool readRecipe(const std::string& recipe, Point& point) {
+    std::istringstream text(recipe);
+    std::string kind;
+    std::string operation;
+    std::string how;
+    std::string reach;
+    text >> kind >> operation >> point.number;
+    std::vector<std::string> names;
+    for (const auto& row : operations())
+        names.emplace_back(row.name);
+    const auto kindIs = indexOf(kinds, kind);
+    point.operation = indexOf(names, operation);
+    if (!text || kindIs < 0 || point.operation < 0)
+        return false;
+    point.kind = static_cast<Point::Kind>(kindIs);
+    if (point.kind == Point::Kind::fail) {
+        text >> how >> reach;
+        std::vector<std::string> words;
+        for (const auto& error : errors)
+            words.emplace_back(error.name);
+        point.how = indexOf(words, how);
+        point.reach = indexOf(reaches, reach);
+    } else if (point.kind == Point::Kind::power) {
+        text >> how >> point.more;
+        point.how = indexOf(models, how);
+    } else if (point.kind == Point::Kind::pair) {
+        text >> point.more;
+    }
+    return text && point.how >= 0 && point.reach >= 0;
+}
+
+/// A file that was not synced is whole, cut anywhere, partly zeroes, or as it was.
+void losePower(platform::MemoryDisk& memory, bool inOrder, std::uint32_t seed) {
+    std::mt19937 random(seed);
+    const auto upTo = [&random](std::size_t most) { return random() % (most + 1); };
+    // Little, half or most of it has arrived.
+    const auto share = upTo(4);
+    memory.losePower({[&] { return upTo(3) < share; }, inOrder,
+                      [&](const std::string& synced, const std::string& written) {
+                          auto left = written;
+                          switch (upTo(3)) {
+                          case 0:
+                              return synced;
+                          case 1:
+                              left.resize(upTo(written.size()));
+                              break;
+                          case 2:
+                              std::fill_n(left.rbegin(), upTo(left.size()), '\0');
+                              break;
+                          default:
+                              break;
+                          }
+                          return left;
+                      }});
+}
+
+class Bench {
+  public:
+    Bench() {
+        for (const auto& row : operations())
+            calms_.emplace_back(row);
+    }
+
+    const Calm& calm(const Point& point) const {
+        return calms_[static_cast<std::size_t>(point.operation)];
+    }
+
+    /// What is wrong behind a point, empty for nothing. `isThere` tells whether the sessions came
+    /// that far; `seen` gets what each showed.
+    std::string tryPoint(const Point& point, bool& isThere, std::vector<Session>* seen) const {
+        const auto& around = calm(point);
+        const auto& row = around.operation;
+        const auto memory = around.start->copy();
+        const auto note = [&](Session session) {
+            if (seen != nullptr)
+                seen->push_back(session);
+            return session;
+        };
+        Fault fault{point.number, {}, static_cast<Fault::Reach>(point.reach)};
+        const bool isFailure = point.kind == Point::Kind::fail;
+        if (isFailure)
+            fault.error = std::make_error_code(errors[point.how].kind);
+        const auto disturbed = note(play(memory, row.script, row.answer, fault));
+        isThere = disturbed.wasHit;
+        if (!isThere)
+            return {};
+        if (point.kind == Point::Kind::power)
+            losePower(*memory, point.how == 0, point.more);
+        if (auto wrong = around.lost(*memory, disturbed); !wrong.empty())
+            return wrong;
+        if (isFailure)
+            if (auto wrong = around.silent(*memory, disturbed); !wrong.empty())
+                return wrong;
+        if (disturbed.badLine == "boxes without end")
+            return disturbed.badLine;
+        if (point.kind == Point::Kind::pair) {
+            isThere = note(play(memory, "", row.answer, {static_cast<int>(point.more), {}})).wasHit;
+            if (auto wrong = around.lost(*memory, {}); !wrong.empty())
+                return "behind the second stop: " + wrong;
+        }
+        for (const auto* which : {"", "behind one more start: "}) {
+            const auto start = note(play(memory, ""));
+            if (auto wrong = around.notPlain(*memory); !wrong.empty())
+                return which + wrong;
+            if (!start.boxes.empty() && !isFailure)
+                return which + ("a box where all is well: " + start.boxes.front());
+        }
+        return {};
+    }
+
+    /// All there are, but for losses of power, of which there are some a change.
+    std::vector<Point> all(std::mt19937& random) const {
+        std::vector<Point> points;
+        for (int row = 0; row < static_cast<int>(calms_.size()); ++row)
+            for (int number = 1; number <= calms_[static_cast<std::size_t>(row)].session.changes;
+                 ++number) {
+                points.push_back({Point::Kind::stop, row, number});
+                for (int error = 0; error < static_cast<int>(std::size(errors)); ++error)
+                    for (int reach = 0; reach < static_cast<int>(std::size(reaches)); ++reach)
+                        points.push_back({Point::Kind::fail, row, number, error, reach});
+                addLosses(points, row, number, random);
+                for (unsigned second = 1; second <= longestStart; ++second)
+                    points.push_back({Point::Kind::pair, row, number, 0, 0, second});
+            }
+        return points;
+    }
+
+    static void addLosses(std::vector<Point>& points, int row, int number, std::mt19937& random) {
+        for (int model = 0; model < 2; ++model)
+            for (int i = 0; i < lossesOfAChange; ++i)
+                points.push_back({Point::Kind::power, row, number, model, 0,
+                                  static_cast<std::uint32_t>(random() % 1'000'000)});
+    }
+
+  private:
+    static constexpr unsigned longestStart = 90;
+    static constexpr int lossesOfAChange = 8;
+
+    std::deque<Calm> calms_;
+};
+
+void tell(const Point& point, const Bench& bench, const std::string& wrong, Report& report) {
+    const auto& operation = bench.calm(point).operation;
+    report.found(std::string(kinds[static_cast<int>(point.kind)]) + " " + operation.name + ": " +
+                     wrong,
+                 recipeOf(point));
+}
+
+} // namespace
+
+void tryPoints(const Limits& limits, Report& report) {
+    const Bench bench;
+    std::mt19937 random(limits.seed);
+    auto points = bench.all(random);
+    std::shuffle(points.begin(), points.end(), random);
+    int tried = 0;
+    for (std::size_t next = 0; tried < limits.points && next < points.size() &&
+                               std::chrono::steady_clock::now() < limits.end;
+         ++next) {
+        const auto point = points[next];
+        bool isThere = false;
+        const auto wrong = bench.tryPoint(point, isThere, nullptr);
+        if (isThere) {
+            ++tried;
+            report.tried(kinds[static_cast<int>(point.kind)]);
+        }
+        if (!wrong.empty())
+            tell(point, bench, wrong, report);
+        // There is no end of losses of power.
+        if (next + 1 == points.size())
+            for (std::size_t each = 0; each < next; ++each)
+                if (points[each].kind == Point::Kind::power)
+                    points.push_back({Point::Kind::power, points[each].operation,
+                                      points[each].number, points[each].how, 0,
+                                      static_cast<std::uint32_t>(random() % 1'000'000)});
+    }
+}
+
+bool tryPoint(const std::string& recipe, Report& report) {
+    Point point;
+    if (!readRecipe(recipe, point))
+        return false;
+    const Bench bench;
+    std::vector<Session> seen;
+    bool isThere = false;
+    const auto wrong = bench.tryPoint(point, isThere, &seen);
+    for (const auto& session : seen) {
+        std::printf("session of %d changes %s\n", session.changes, session.badLine.c_str());
+        for (const auto& box : session.boxes)
+            std::printf("  box %s\n", box.c_str());
+        for (const auto& line : session.lines)
+            std::printf("  log %s\n", line.c_str());
+    }
+    report.tried(kinds[static_cast<int>(point.kind)], isThere ? 1 : 0);
+    if (!wrong.empty())
+        tell(point, bench, wrong, report);
+    return true;
+}
+
+} // namespace crash
