@@ -2,14 +2,19 @@
 // what was there.
 //   crash-test [--seed N] [--seconds N] [--points N]
 //   crash-test POINT        one point again, as a finding tells it: stop apply 17
+//   crash-test world STEP...    one sequence of steps again
+//   crash-test --seed N life    one long life again
 #include <cstdlib>
 #include <iostream>
 #include <string>
 #include <string_view>
 
+#include "crash/life.h"
 #include "crash/points.h"
 
 namespace {
+
+constexpr int runsOfALife = 1000;
 
 int usage() {
     std::cerr << "crash-test [--seed N] [--seconds N] [--points N] | POINT\n";
@@ -41,12 +46,27 @@ int main(int count, char** arguments) {
             return usage();
     }
     crash::Report report;
-    if (!point.empty()) {
+    const auto now = std::chrono::steady_clock::now;
+    const auto begin = now();
+    limits.end = begin + std::chrono::seconds(seconds);
+    if (point == "life") {
+        crash::tryLongLife(limits, runsOfALife, report);
+    } else if (point.starts_with("world")) {
+        if (const auto wrong = crash::playWay(point); !wrong.empty())
+            report.found(wrong, point);
+    } else if (!point.empty()) {
         if (!crash::tryPoint(point, report))
             return usage();
     } else {
         std::cout << "seed " << limits.seed << std::endl;
-        limits.end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
+        crash::tryOutsideChanges(report);
+        const auto share = (limits.end - now()) / 8;
+        auto part = limits;
+        part.end = now() + share;
+        crash::trySmallWorlds(part, 5, report);
+        part.end = now() + share;
+        for (part.seed = limits.seed; now() < part.end; ++part.seed)
+            crash::tryLongLife(part, runsOfALife, report);
         crash::tryPoints(limits, report);
     }
     report.print();

@@ -93,31 +93,6 @@ bool readRecipe(const std::string& recipe, Point& point) {
     return text && point.how >= 0 && point.reach >= 0;
 }
 
-/// A file that was not synced is whole, cut anywhere, partly zeroes, or as it was.
-void losePower(platform::MemoryDisk& memory, bool inOrder, std::uint32_t seed) {
-    std::mt19937 random(seed);
-    const auto upTo = [&random](std::size_t most) { return random() % (most + 1); };
-    // Little, half or most of it has arrived.
-    const auto share = upTo(4);
-    memory.losePower({[&] { return upTo(3) < share; }, inOrder,
-                      [&](const std::string& synced, const std::string& written) {
-                          auto left = written;
-                          switch (upTo(3)) {
-                          case 0:
-                              return synced;
-                          case 1:
-                              left.resize(upTo(written.size()));
-                              break;
-                          case 2:
-                              std::fill_n(left.rbegin(), upTo(left.size()), '\0');
-                              break;
-                          default:
-                              break;
-                          }
-                          return left;
-                      }});
-}
-
 class Bench {
   public:
     Bench() {

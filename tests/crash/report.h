@@ -16,6 +16,7 @@ class Report {
         if (group.count++ == 0)
             group.recipe = recipe;
     }
+    void note(const std::string& line) { notes_ += line + "\n"; }
     bool isClean() const { return found_.empty(); }
     int all() const {
         int sum = 0;
@@ -28,6 +29,7 @@ class Report {
         for (const auto& [what, group] : found_)
             std::printf("FOUND %d times: %s\n    crash-test %s\n", group.count, what.c_str(),
                         group.recipe.c_str());
+        std::printf("%s", notes_.c_str());
         for (const auto& [kind, count] : tried_)
             std::printf("%8d %s\n", count, kind.c_str());
         std::printf("%8d in all, %zu findings\n", all(), found_.size());
@@ -38,6 +40,7 @@ class Report {
         int count = 0;
         std::string recipe;
     };
+    std::string notes_;
     std::map<std::string, int> tried_;
     std::map<std::string, Group> found_;
 };

@@ -1,6 +1,8 @@
 // The windows are the real ones; boxes are answered by their kind, for a fault brings new ones.
 #include "crash/session.h"
 
+#include <algorithm>
+#include <random>
 #include <sstream>
 
 #include "headless/session.h"
@@ -42,6 +44,8 @@ Session play(const Memory& memory, const std::string& script, Answer answer, con
     std::string name;
     const auto disk = test::faultyDisk(memory, [&](const test::RawChange& change) {
         session.changes = change.number;
+        if (fault.look)
+            fault.look();
         if (change.number == fault.number) {
             session.wasHit = true;
             name = change.name;
@@ -76,6 +80,30 @@ Session play(const Memory& memory, const std::string& script, Answer answer, con
         session.badLine = "boxes without end";
     }
     return session;
+}
+
+void losePower(platform::MemoryDisk& memory, bool inOrder, std::uint32_t seed) {
+    std::mt19937 random(seed);
+    const auto upTo = [&random](std::size_t most) { return random() % (most + 1); };
+    // Little, half or most of it has arrived.
+    const auto share = upTo(4);
+    memory.losePower({[&] { return upTo(3) < share; }, inOrder,
+                      [&](const std::string& synced, const std::string& written) {
+                          auto left = written;
+                          switch (upTo(3)) {
+                          case 0:
+                              return synced;
+                          case 1:
+                              left.resize(upTo(written.size()));
+                              break;
+                          case 2:
+                              std::fill_n(left.rbegin(), upTo(left.size()), '\0');
+                              break;
+                          default:
+                              break;
+                          }
+                          return left;
+                      }});
 }
 
 } // namespace crash

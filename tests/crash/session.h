@@ -1,6 +1,8 @@
 // One session of the whole program on the disk in memory, disturbed at one of its changes.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -24,6 +26,8 @@ struct Fault {
     int number = 0;        ///< of the change, from 1; 0 for none
     std::error_code error; ///< none: the program stops dead there
     Reach reach = Reach::once;
+    /// Called before each change, if there is one: what is on the disk is what a stop would leave.
+    std::function<void()> look = nullptr;
 };
 
 struct Session {
@@ -41,5 +45,9 @@ constexpr auto gameFolder = "/game";
 /// Runs the program until the script runs out, which is the machine going off, or it ends.
 Session play(const Memory& memory, const std::string& script, Answer answer = Answer::yes,
              const Fault& fault = {});
+
+/// The power goes. What was synced stays, and of the rest a lawful part by chance: a file is whole,
+/// cut anywhere, partly zeroes, or as it was.
+void losePower(platform::MemoryDisk& memory, bool inOrder, std::uint32_t seed);
 
 } // namespace crash
