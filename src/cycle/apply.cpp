@@ -2,13 +2,75 @@
 #include "cycle/apply.h"
 
 #include "cycle/change_files.h"
+#include "formats/state.h"
 #include "platform/failure.h"
 
 namespace cycle {
+namespace {
 
-Plan makePlan(const releases::GameDirectory& game, const Selection& selection) {
+using formats::Journal;
+using formats::State;
+
+/// The old journal is the only one that tells what still lies in the game directory.
+bool mayReplaceJournal(releases::GameDirectory& game, const Unfinished& unfinished) {
+    return !unfinished.isJournalLost() ||
+           game.questions().askWhetherSure(
+               "The journal of the last launch could not be read, so files of that launch may "
+               "still lie in the game directory and would be taken for the game's own from now "
+               "on.\r\n\r\nDo you want to go on all the same? The old journal is kept in \"" +
+               platform::shownPath(changeFile(game, "")) + "\".");
+}
+
+/// Throws Failure. What the reset moved back is on the disk before its journal is replaced.
+void write(releases::GameDirectory& game, const Journal& journal, const std::string& journalText,
+           Unfinished& unfinished) {
+    auto& disk = game.disk();
+    disk.flush();
+    if (!unfinished.isNoted()) {
+        if (!unfinished.pending().moves.empty())
+            disk.replaceFile(pendingFile(game), formats::pendingText(unfinished.pending()));
+        unfinished.setNoted();
+    }
+    if (unfinished.isJournalLost()) {
+        keepBeside(game, journalFile(game));
+        keepBeside(game, humanFile(game));
+        unfinished.setJournalLost(false);
+    }
+    disk.replaceFile(humanFile(game), formats::humanText(journal));
+    disk.replaceFile(journalFile(game), journalText);
+    disk.replaceFile(stateFile(game),
+                     formats::stateText(formats::stateOf(journalText, State::Stage::applied)));
+}
+
+std::vector<std::size_t> move(releases::GameDirectory& game, const Journal& journal) {
+    auto& log = game.log();
+    std::vector<std::size_t> failed;
+    game.beginMoves();
+    std::string line;
+    std::string from;
+    std::string to;
+    std::size_t number = 0;
+    for (const auto& move : journal.moves) {
+        ++number;
+        log.line(line.assign(move.source).append(" to ").append(move.destination));
+        if (!game.MoveFile(game.at(move.source, from), game.at(move.destination, to)))
+            failed.push_back(number);
+        log.breathe();
+    }
+    return failed;
+}
+
+} // namespace
+
+Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
+              const Unfinished& unfinished) {
     const auto listings = [&](const std::string& path) {
-        return game.list(path.empty() ? game.TADir() : game.at(path));
+        auto names = game.list(path.empty() ? game.TADir() : game.at(path));
+        if (names && !unfinished.pending().moves.empty())
+            std::erase_if(names->files, [&](const auto& name) {
+                return unfinished.isPending(path.empty() ? name : path + "\\" + name);
+            });
+        return names;
     };
     platform::MessageRow clashes;
     platform::MessageRow programs;
@@ -21,33 +83,39 @@ Plan makePlan(const releases::GameDirectory& game, const Selection& selection) {
                        }});
 }
 
-void carryOut(releases::GameDirectory& game, const formats::Journal& journal,
+bool carryOut(releases::GameDirectory& game, const Journal& journal, Unfinished& unfinished,
               const std::function<void()>& modifier) {
-    auto& disk = game.disk();
+    if (!mayReplaceJournal(game, unfinished))
+        return false;
+    const auto text = formats::journalText(journal);
+    try {
+        write(game, journal, text, unfinished);
+    } catch (const platform::Failure& failure) {
+        game.questions().ask({"The journal of the changes could not be written, so nothing was "
+                              "moved.\r\n\r\nPlease make room on the disk or allow writing to \"" +
+                                  platform::shownPath(changeFile(game, "")) + "\", and try again.",
+                              {"OK"},
+                              0,
+                              failure.what()});
+        return false;
+    }
     auto& log = game.log();
-    // What the reset moved back must not be lost once the journal that tells of it is replaced.
-    platform::attempt([&] { disk.flush(); });
-    platform::attempt([&] { disk.writeFile(humanFile(game), formats::humanText(journal)); });
-    platform::attempt([&] { disk.replaceFile(journalFile(game), formats::journalText(journal)); });
     log.stage("Creating Needed Subdirectories...");
     for (const auto& folder : journal.folders) {
         log.line(folder);
-        platform::attempt([&] { disk.makeFolder(game.at(folder)); });
+        platform::attempt([&] { game.disk().makeFolder(game.at(folder)); });
         log.breathe();
     }
     log.stage("Moving Files...");
-    game.beginMoves();
-    std::string line;
-    std::string from;
-    std::string to;
-    for (const auto& move : journal.moves) {
-        log.line(line.assign(move.source).append(" to ").append(move.destination));
-        game.MoveFile(game.at(move.source, from), game.at(move.destination, to));
-        log.breathe();
-    }
+    auto state = formats::stateOf(text, State::Stage::applied);
+    state.failedMoves = move(game, journal);
+    state.isCarriedOut = true;
+    // Without it the next reset looks closer at each move.
+    platform::attempt([&] { game.disk().replaceFile(stateFile(game), formats::stateText(state)); });
     if (modifier)
         modifier();
     log.stage("Done");
+    return true;
 }
 
 } // namespace cycle

@@ -34,7 +34,8 @@ bool stays(const std::string& file) {
 
 } // namespace
 
-void cleanGameDirectory(releases::GameDirectory& game, std::string_view programName) {
+void cleanGameDirectory(releases::GameDirectory& game, std::string_view programName,
+                        const Unfinished& unfinished) {
     const auto cleaned = game.at(cleanedFiles);
     platform::attempt([&] { game.disk().makeFolder(cleaned); });
     game.beginMoves();
@@ -45,14 +46,15 @@ void cleanGameDirectory(releases::GameDirectory& game, std::string_view programN
     game.fileArray(names, game.TADir());
     for (const auto& name : names.entries()) {
         game.log().breathe();
-        if (!stays(name) && !platform::equalIgnoringCase(name, programName))
+        if (!stays(name) && !platform::equalIgnoringCase(name, programName) &&
+            !unfinished.isPending(name))
             move(name);
     }
     game.folderArray(names, game.TADir());
     for (const auto& name : names.entries()) {
         game.log().breathe();
         if (!platform::equalIgnoringCase(name, releases::dataTree) &&
-            !platform::equalIgnoringCase(name, cleanedFiles))
+            !platform::equalIgnoringCase(name, cleanedFiles) && !unfinished.touches(name))
             move(name);
     }
 }

@@ -2,106 +2,115 @@
 // before that one comes back.
 #include "cycle/reset.h"
 
+#include <algorithm>
 #include <string>
-#include <unordered_map>
 #include <unordered_set>
 
 #include "cycle/change_files.h"
+#include "formats/state.h"
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "undo_move.h"
 
 namespace cycle {
 namespace {
 
-using Move = formats::Journal::Move;
+using formats::Journal;
+using Trust = LastLaunch::Trust;
 
-class Undo {
-  public:
-    Undo(releases::GameDirectory& game, const formats::Journal& journal)
-        : game_(game), journal_(journal) {
-        for (const auto& folder : journal.folders)
-            folders_.insert(platform::foldCase(folder));
+/// What a reset has left to do, and the folders that this keeps.
+Journal collect(const std::vector<Journal::Move>& left, const LastLaunch& last) {
+    Journal pending;
+    pending.moves = left;
+    // They were met from the last to the first.
+    std::reverse(pending.moves.begin(), pending.moves.end());
+    std::unordered_set<std::string> kept;
+    for (const auto& move : left)
+        kept.insert(platform::foldCase(move.destination.substr(0, move.destination.find('\\'))));
+    for (const auto* folders : {&last.journal.folders, &last.pending.folders})
+        for (const auto& folder : *folders)
+            if (kept.erase(platform::foldCase(folder)) > 0)
+                pending.folders.push_back(folder);
+    return pending;
+}
+
+void removeFolders(const releases::GameDirectory& game, const std::vector<std::string>& folders) {
+    for (const auto& folder : folders) {
+        game.log().line(folder);
+        platform::attempt([&] { game.disk().removeFolder(game.at(folder)); });
+        game.log().breathe();
     }
+}
 
-    void moves() {
-        game_.beginMoves();
-        for (auto move = journal_.moves.rbegin(); move != journal_.moves.rend(); ++move) {
-            game_.log().line(line_.assign(move->destination).append(" to ").append(move->source));
-            moveBack(*move);
-            game_.log().breathe();
-        }
-    }
+/// What was moved back is on the disk before the disk is told that it is.
+void note(const releases::GameDirectory& game, const LastLaunch& last, const Journal& pending) {
+    auto& disk = game.disk();
+    disk.flush();
+    const bool hadPending = disk.kindOf(pendingFile(game)) != platform::EntryKind::none;
+    if (last.damagedPending)
+        keepBeside(game, pendingFile(game));
+    if (!pending.moves.empty())
+        disk.replaceFile(pendingFile(game), formats::pendingText(pending));
+    else if (hadPending)
+        disk.removeFile(pendingFile(game));
+    if (!last.lostJournal && last.trust != Trust::undone)
+        disk.replaceFile(stateFile(game), formats::stateText(formats::stateOf(
+                                              last.journalBytes, formats::State::Stage::undone)));
+}
 
-  private:
-    void moveBack(const Move& move) {
-        const auto& from = game_.at(move.destination, from_);
-        const auto& to = game_.at(move.source, to_);
-        // A folder of the journal may stand where a file was that made room for a release's.
-        if (move.source.find('\\') == std::string::npos &&
-            folders_.contains(platform::foldCase(move.source)))
-            platform::attempt([&] { game_.disk().removeFolder(to); });
-        if (!isThere(std::string_view(to).substr(0, to.rfind('\\'))) && isGamesOwn(move))
-            game_.tellOfFailedMove(from, to);
-        else
-            game_.MoveFile(from, to);
-    }
-
-    /// Neighbours in a journal mostly share their folder.
-    bool isThere(std::string_view folder) {
-        if (folder != lastFolder_) {
-            lastFolder_ = folder;
-            lastIsThere_ = game_.DoesFolderExist(lastFolder_);
-        }
-        return lastIsThere_;
-    }
-
-    /// Whether the entry at a move's destination is not the release's file, of a release that is
-    /// gone: it is a folder, or the file of the game that had to make room there does not wait
-    /// elsewhere, so it is back. A journal undone once more must not move that entry away.
-    bool isGamesOwn(const Move& move) {
-        if (game_.disk().kindOf(game_.at(move.destination)) == platform::EntryKind::folder)
-            return true;
-        if (displaced_.empty())
-            for (const auto& each : journal_.moves)
-                displaced_.emplace(platform::foldCase(each.source), each.destination);
-        const auto waiting = displaced_.find(platform::foldCase(move.destination));
-        return waiting != displaced_.end() && !game_.DoesFileExist(game_.at(waiting->second));
-    }
-
-    releases::GameDirectory& game_;
-    const formats::Journal& journal_;
-    /// Where the files of the game that had to make room wait, by their places, case folded.
-    std::unordered_map<std::string, std::string> displaced_;
-    std::unordered_set<std::string> folders_;
-    // Their room is used again for each move.
-    std::string line_;
-    std::string from_;
-    std::string to_;
-    std::string lastFolder_;
-    bool lastIsThere_ = true;
-};
+bool hasToNote(const LastLaunch& last, const Journal& pending) {
+    return (!last.lostJournal && last.trust != Trust::undone) || last.damagedPending ||
+           !last.pending.moves.empty() || !pending.moves.empty();
+}
 
 } // namespace
 
-std::optional<formats::Journal> lastJournal(const releases::GameDirectory& game) {
-    return formats::readJournal(game.disk().readFile(journalFile(game)));
-}
-
-void undo(releases::GameDirectory& game, const formats::Journal& journal, bool modifierWasOn) {
+Unfinished undo(releases::GameDirectory& game, const LastLaunch& last, bool modifierWasOn) {
     auto& log = game.log();
     log.stage("Unmoving Files...");
-    Undo(game, journal).moves();
+    if (last.wasRecovered)
+        log.line("The journal was missing or damaged and is read out of its twin \"Human.txt\"");
+    game.beginMoves();
+    std::vector<Journal::Move> left;
+    UndoMove moves(game, last);
+    for (auto number = last.journal.moves.size(); number > 0; --number)
+        if (!moves.undo(number - 1))
+            left.push_back(last.journal.moves[number - 1]);
+    for (auto move = last.pending.moves.rbegin(); move != last.pending.moves.rend(); ++move)
+        if (!moves.undoPending(*move))
+            left.push_back(*move);
     log.stage("Removing Extra Subdirectories...");
-    for (const auto& folder : journal.folders) {
-        log.line(folder);
-        platform::attempt([&] { game.disk().removeFolder(game.at(folder)); });
-        log.breathe();
-    }
+    if (last.trust == Trust::undone)
+        for (const auto& folder : last.journal.folders) {
+            log.line(folder);
+            log.breathe();
+        }
+    else
+        removeFolders(game, last.journal.folders);
+    removeFolders(game, last.pending.folders);
     log.stage("Removing Trellis Data Files...");
     if (modifierWasOn)
         for (const auto* folder : {"anims", "download", "guis"})
             game.totallyKillFolder(game.at(folder), true);
+    auto pending = collect(left, last);
+    bool isNoted = true;
+    if (hasToNote(last, pending))
+        try {
+            note(game, last, pending);
+        } catch (const platform::Failure& failure) {
+            isNoted = false;
+            game.questions().ask({"The reset could not be noted in \"" +
+                                      platform::shownPath(changeFile(game, "")) +
+                                      "\".\r\n\r\nPlease make room on the disk or allow writing "
+                                      "there before you launch.",
+                                  {"OK"},
+                                  0,
+                                  failure.what()});
+        }
+    Unfinished unfinished(std::move(pending), isNoted);
+    unfinished.setJournalLost(last.lostJournal.has_value());
     log.stage("Done");
+    return unfinished;
 }
 
 } // namespace cycle

@@ -76,8 +76,10 @@ void Selection::readText(ReleaseType type, std::string_view bytes) {
     if (info.isSingle())
         return choose(type, lines.empty() || lines[0].empty() ? info.defaultName : lines[0]);
     arrayOf(type).clear();
+    // A blanked file is one blank line.
     for (const auto& line : lines)
-        add(type, line);
+        if (!line.empty())
+            add(type, line);
 }
 
 std::string Selection::modifierText() const {

@@ -18,8 +18,10 @@ bool isExpressible(std::string_view name) {
                         [](char c) { return c == '\\' || c == '\r' || c == '\n'; });
 }
 
-EntryKind kindOfEntry(const RawEntry& entry) {
-    return entry.kind == RawKind::folder ? EntryKind::folder : EntryKind::file;
+EntryFacts factsOfEntry(const RawEntry& entry) {
+    if (entry.kind == RawKind::folder)
+        return {EntryKind::folder, 0, entry.changed};
+    return {EntryKind::file, entry.size, entry.changed};
 }
 
 } // namespace
@@ -59,21 +61,25 @@ std::string Disk::systemPath(const std::string& path) {
 }
 
 EntryKind Disk::kindOf(const std::string& path) {
+    return factsOf(path).kind;
+}
+
+EntryFacts Disk::factsOf(const std::string& path) {
     folders_->beginCall();
     try {
         if (path.ends_with('\\') || path == gameDirectory()) {
             const auto place = folders_->placeOf(path);
             folders_->open(place, place.parts.size());
-            return EntryKind::folder;
+            return {EntryKind::folder, 0, 0};
         }
         const auto spot = folders_->spotOf(path, "find");
         if (const auto entry = spot.folder->look(spot.leaf, spot.links))
-            return kindOfEntry(*entry);
+            return factsOfEntry(*entry);
         const auto other = spot.folder->otherSpelling(spot.leaf);
         const auto entry = other ? spot.folder->look(*other, spot.links) : std::nullopt;
-        return entry ? kindOfEntry(*entry) : EntryKind::none;
+        return entry ? factsOfEntry(*entry) : EntryFacts();
     } catch (const Failure&) {
-        return EntryKind::none;
+        return {};
     }
 }
 

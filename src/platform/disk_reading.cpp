@@ -12,6 +12,8 @@ namespace {
 /// Far more than any text that the program reads whole.
 constexpr std::uint64_t largestText = std::uint64_t{1} << 28U;
 
+constexpr std::size_t largestBlock = std::size_t{1} << 18U;
+
 class RawReader final : public FileReader {
   public:
     RawReader(std::shared_ptr<RawDisk> disk, std::unique_ptr<RawFile> file, std::string path,
@@ -54,6 +56,31 @@ std::unique_ptr<RawFile> Disk::openToRead(const std::string& path, std::string_v
              entry.kind == RawKind::folder ? std::errc::is_a_directory
                                            : std::errc::invalid_argument);
     return file;
+}
+
+bool Disk::holdSame(const std::string& one, const std::string& other) {
+    RawEntry entry;
+    RawEntry otherEntry;
+    const auto file = openToRead(one, "read", entry);
+    const auto otherFile = openToRead(other, "read", otherEntry);
+    if (entry.size != otherEntry.size)
+        return false;
+    if (entry.identity == otherEntry.identity)
+        return true;
+    std::vector<std::uint8_t> block(largestBlock);
+    std::vector<std::uint8_t> otherBlock(largestBlock);
+    for (;;) {
+        std::size_t count = 0;
+        std::size_t otherCount = 0;
+        check(raw_->read(*file, block, count), "read", one);
+        check(raw_->read(*otherFile, otherBlock, otherCount), "read", other);
+        if (count != otherCount ||
+            !std::equal(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count),
+                        otherBlock.begin()))
+            return false;
+        if (count == 0)
+            return true;
+    }
 }
 
 std::uint64_t Disk::sizeOf(const std::string& path) {

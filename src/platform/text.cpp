@@ -182,6 +182,10 @@ std::vector<std::string> splitLines(std::string_view bytes) {
     return lines;
 }
 
+std::string inOneLine(std::string_view text) {
+    return replaceAll(replaceAll(text, "\r\n\r\n", " "), lineBreak, " ");
+}
+
 std::string withLineBreaks(std::string_view bytes) {
     return joinLines(splitLines(bytes));
 }

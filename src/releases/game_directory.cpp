@@ -9,6 +9,16 @@
 #include "releases/release_types.h"
 
 namespace releases {
+namespace {
+
+std::string failedMoveText(const std::string& from, const std::string& to) {
+    return "I was trying to move \"" + platform::shownPath(from) + "\" to \"" +
+           platform::shownPath(to) +
+           "\" and failed.\r\n\r\nEither the source file was not found, or the destination file "
+           "already exists";
+}
+
+} // namespace
 
 void GameDirectory::open(const std::string& folder) {
     TADir_ = folder;
@@ -79,29 +89,35 @@ bool GameDirectory::DoesFolderExist(const std::string& folderToCheck) const {
     return clsFileAPI(disk_).DoesFolderExist(folderToCheck);
 }
 
-void GameDirectory::MoveFile(const std::string& FromFile, const std::string& ToFile) {
+bool GameDirectory::MoveFile(const std::string& FromFile, const std::string& ToFile) {
     if (FromFile.empty() || ToFile.empty() || FromFile == ToFile)
-        return;
-    std::string reason;
+        return false;
+    const auto outcome = tryMove(FromFile, ToFile);
+    if (!outcome.isDone)
+        tellOfFailedMove(FromFile, ToFile, outcome.reason);
+    return outcome.isDone;
+}
+
+GameDirectory::MoveOutcome GameDirectory::tryMove(const std::string& from, const std::string& to) {
     try {
-        if (disk_.isInside(FromFile) && disk_.isInside(ToFile) && disk_.moveEntry(FromFile, ToFile))
-            return;
+        return {disk_.isInside(from) && disk_.isInside(to) && disk_.moveEntry(from, to), {}};
     } catch (const platform::Failure& failure) {
-        reason = failure.reason();
+        return {false, failure.reason()};
     }
-    tellOfFailedMove(FromFile, ToFile, reason);
 }
 
 void GameDirectory::tellOfFailedMove(const std::string& from, const std::string& to,
                                      const std::string& reason) {
-    questions_.ask({"I was trying to move \"" + platform::shownPath(from) + "\" to \"" +
-                        platform::shownPath(to) +
-                        "\" and failed.\r\n\r\nEither the source file was not found, or the "
-                        "destination file already exists",
-                    {"OK"},
-                    0,
-                    reason},
-                   &moveFailures_);
+    const bool isAnswered = moveFailures_.answerForRest().has_value();
+    questions_.ask({failedMoveText(from, to), {"OK"}, 0, reason}, &moveFailures_);
+    // What is answered alike is in the log already.
+    if (!isAnswered)
+        log_.line(platform::inOneLine(failedMoveText(from, to)) +
+                  (reason.empty() ? "" : ": " + reason));
+}
+
+void GameDirectory::logFailedMove(const std::string& from, const std::string& to) const {
+    log_.line(platform::inOneLine(failedMoveText(from, to)));
 }
 
 void GameDirectory::CopyFile(const std::string& FromFile, const std::string& ToFile) const {

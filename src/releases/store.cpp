@@ -52,6 +52,14 @@ std::string Store::folderOf(ReleaseType type, std::string_view displayName) cons
     return game_.inDataTree(folderName(type, displayName));
 }
 
+std::vector<std::string> Store::placesOf(ReleaseType type, std::string_view displayName) const {
+    std::vector<std::string> places = {folderOf(type, displayName),
+                                       looseFolderOf(type) + "\\" + folderForm(displayName)};
+    for (auto& place : places)
+        place.erase(0, game_.TADir().size() + 1);
+    return places;
+}
+
 std::string Store::looseFolderOf(ReleaseType type) const {
     return game_.inDataTree(std::string(infoOf(type).shortName) + "-Misc");
 }

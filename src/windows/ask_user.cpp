@@ -5,19 +5,10 @@
 #include "windows/title.h"
 
 namespace windows {
-namespace {
-
-std::string inOneLine(const std::string& text) {
-    using platform::replaceAll;
-    return replaceAll(replaceAll(text, "\r\n\r\n", " "), platform::lineBreak, " ");
-}
-
-} // namespace
-
 std::size_t AskUser::ask(const platform::Question& question, platform::MessageRow* row) {
     if (row != nullptr && row->answerForRest()) {
         const auto known = *row->answerForRest();
-        const auto answered = inOneLine(question.text) + ": " + question.buttons[known];
+        const auto answered = platform::inOneLine(question.text) + ": " + question.buttons[known];
         if (row->hasLog())
             log_.tellAnsweredAlike(answered);
         else

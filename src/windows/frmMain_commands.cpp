@@ -1,5 +1,7 @@
 // The commands of buttons, links and menus. Those that change the data tree put the selection back
 // first and end in the question whether to restart, since folder names are read only at start.
+#include <algorithm>
+
 #include "cycle/clean.h"
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -11,8 +13,20 @@
 
 namespace windows {
 
+/// A release whose file could not be moved back must be found again under its name.
+bool frmMain::tellsOfWaitingFiles(const std::string& name) {
+    const auto places = store_.placesOf(currentType().type, name);
+    if (std::none_of(places.begin(), places.end(),
+                     [this](const auto& place) { return unfinished_.touches(place); }))
+        return false;
+    tell("Files of \"" + name +
+         "\" could not be moved back from the game directory yet.\r\n\r\nPlease see that they can "
+         "be moved and start Vexillum again.");
+    return true;
+}
+
 void frmMain::lblRename_Click() {
-    if (!current_ || releases::isDefaultRelease(*current_))
+    if (!current_ || releases::isDefaultRelease(*current_) || tellsOfWaitingFiles(*current_))
         return;
     const auto oldName = *current_;
     const auto newName = toolkit()
@@ -38,6 +52,8 @@ void frmMain::cmdRemove_Click() {
         panes_.offersRemoval = false;
         return show();
     }
+    if (tellsOfWaitingFiles(*current_))
+        return;
     const auto name = *current_;
     const auto longType = getLongSelType();
     if (!ask_.askWhetherSure("Are you VERY VERY sure you want to remove the " + name + " " +
@@ -121,7 +137,7 @@ void frmMain::cmdClean_Click() {
         return;
     whileWorking([this] {
         revertSels(false);
-        cycle::cleanGameDirectory(game_, machine_.programName);
+        cycle::cleanGameDirectory(game_, machine_.programName, unfinished_);
     });
 }
 

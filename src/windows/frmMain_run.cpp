@@ -5,6 +5,7 @@
 #include "cycle/selection_files.h"
 #include "menumod/modTrlx.h"
 #include "platform/failure.h"
+#include "platform/text.h"
 #include "windows/frmMain.h"
 #include "windows/title.h"
 
@@ -33,8 +34,6 @@ void frmMain::Form_Load() {
     setResting(false);
 }
 
-/// Lets every failure up to the reset pass: then nothing is reset, and the game directory stays as
-/// it is.
 void frmMain::Init() {
     for (const auto& folder : {machine_.programFolder, std::string(fallbackDirectory)}) {
         game_.open(folder);
@@ -52,26 +51,53 @@ void frmMain::Init() {
         endProgram();
     }
     store_.read();
-    cycle::readSels(game_, selection_);
-    selectionWasRead_ = true;
-    show();
+    readSelection();
     resetGameDirectory();
 }
 
+void frmMain::readSelection() {
+    const auto unread = cycle::readSels(game_, selection_);
+    selectionWasRead_ = true;
+    show();
+    if (!unread.empty())
+        tell("These files of the selection could not be read and count as blank:\r\n\r\n" +
+             platform::joinLines(unread));
+}
+
+/// Where a journal is lost the selection stays on the disk too: it is what lies in the game
+/// directory.
 void frmMain::resetGameDirectory() {
-    const auto journal = cycle::lastJournal(game_);
-    if (!journal)
-        return;
+    const auto last = cycle::readLastLaunch(game_);
+    tellOfDamage(last);
     log_.open("Resetting TA Directory...", "Undoing all changes...", LogWindow::Shows::atOnce);
-    cycle::undo(game_, *journal, selection_.modifier.enabled);
+    unfinished_ = cycle::undo(game_, last, selection_.modifier.enabled);
     showLogForASecond();
-    platform::attempt([this] { cycle::killSels(game_); });
+    if (!last.lostJournal)
+        platform::attempt([this] { cycle::killSels(game_); });
     log_.close();
 }
 
-void frmMain::moveFiles() {
+void frmMain::tellOfDamage(const cycle::LastLaunch& last) {
+    const auto told = [this](const cycle::LastLaunch::Damage& damage, const std::string& what) {
+        game_.questions().ask(
+            {what + " \"" + platform::shownPath(damage.file) +
+                 "\" is missing or damaged, so files of the last launch may still lie in the "
+                 "game directory.\r\n\r\nWhat can be told safely is moved back. Please look "
+                 "through the game directory, and at \"Human.txt\" beside that file, before "
+                 "you launch.",
+             {"OK"},
+             0,
+             damage.reason});
+    };
+    if (last.lostJournal)
+        told(*last.lostJournal, "The journal");
+    if (last.damagedPending)
+        told(*last.damagedPending, "The list of files that could not be moved back,");
+}
+
+bool frmMain::moveFiles() {
     setResting(true);
-    const auto journal = cycle::makePlan(game_, selection_).journal();
+    const auto journal = cycle::makePlan(game_, selection_, unfinished_).journal();
     log_.open("Rearranging TA Directory...", "Updating for chosen settings...",
               LogWindow::Shows::withText);
     std::string problem;
@@ -83,13 +109,18 @@ void frmMain::moveFiles() {
             problem = "The download file of the unit \"" + *unit +
                       "\" could not be opened, because its name leads out of the folder.";
     };
-    cycle::carryOut(game_, journal,
-                    selection_.modifier.enabled ? std::function<void()>(modifier) : nullptr);
+    const bool isMoved =
+        cycle::carryOut(game_, journal, unfinished_,
+                        selection_.modifier.enabled ? std::function<void()>(modifier) : nullptr);
     show();
-    showLogForASecond();
+    if (isMoved)
+        showLogForASecond();
+    else
+        log_.close();
     if (!problem.empty())
         tell(problem);
     setResting(false);
+    return isMoved;
 }
 
 /// The log stands for a second, or until the user closes it.
@@ -114,7 +145,8 @@ void frmMain::Form_Unload() {
 }
 
 void frmMain::cmdGo_Click() {
-    moveFiles();
+    if (!moveFiles())
+        return;
     startProgram("totala.exe");
     saveSelsOrTell();
     endProgram();
@@ -124,7 +156,8 @@ void frmMain::cmdGo_Click() {
 /// switch shows the report before any reset, and starts the plain program behind it.
 void frmMain::mnuFCweapon_Click() {
     if (!widcfRun) {
-        moveFiles();
+        if (!moveFiles())
+            return;
         saveSelsOrTell();
         startProgram("Vexillum.exe", scanSwitch);
         endProgram();

@@ -30,6 +30,7 @@ errors=$("$runner" "$game" 2>&1 >/dev/null <<<'mark Nothing')
 expect "a line that cannot be carried out" 2 $?
 expect "the line itself" "mark Nothing" "$errors"
 
+rm -f "$game"/Vexillum/VXL-Changes/{State,Human}.txt
 {
     printf 'MKDIRS\r\nMOVES\r\n'
     for _ in $(seq 10001); do printf 'a\r\nb\r\n'; done

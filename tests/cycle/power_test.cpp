@@ -63,11 +63,10 @@ class PowerTest : public testing::Test {
     static void apply(releases::GameDirectory& game, const char* mod) {
         Selection selection;
         selection.add(ReleaseType::mod, mod);
-        carryOut(game, makePlan(game, selection).journal());
+        Unfinished unfinished;
+        carryOut(game, makePlan(game, selection).journal(), unfinished);
     }
-    static void reset(releases::GameDirectory& game) {
-        undo(game, lastJournal(game).value(), false);
-    }
+    static void reset(releases::GameDirectory& game) { undo(game, readLastLaunch(game), false); }
 
     std::shared_ptr<platform::MemoryDisk> memory = std::make_shared<platform::MemoryDisk>();
     test::ScriptedAnswers user;

@@ -22,7 +22,7 @@ TEST(Selection, texts_of_any_kind_read_as_far_as_they_mean_something) {
         {ReleaseType::tc, "A~B\r\nC\r\n", {"A~B"}},
         {ReleaseType::ai, "\r\nC", {"Cavedog AI"}},
         {ReleaseType::map, "", {}},
-        {ReleaseType::map, "\r\n", {""}},
+        {ReleaseType::map, "\r\na\r\n\r\n", {"a"}},
         {ReleaseType::map, "b\r\na\r\nb", {"b", "a", "b"}},
         {ReleaseType::unit, " x \n", {" x "}},
     };

@@ -140,7 +140,7 @@ RawDisk::Error MemoryDisk::read(RawFile& file, std::span<std::uint8_t> into, std
 
 RawDisk::Error MemoryDisk::write(RawFile& file, std::string_view bytes) {
     nodeOf(file).content += bytes;
-    nodeOf(file).entry.modified = nextTime();
+    nodeOf(file).entry.modified = nodeOf(file).entry.changed = nextTime();
     return {};
 }
 
@@ -159,6 +159,7 @@ RawDisk::Error MemoryDisk::setLike(RawFile& file, const RawEntry& model) {
     own.mode = model.mode;
     own.accessed = model.accessed;
     own.modified = model.modified;
+    own.changed = nextTime();
     return {};
 }
 
@@ -167,6 +168,7 @@ RawDisk::Error MemoryDisk::setLike(RawFolder& folder, const RawEntry& model) {
     own.mode = model.mode;
     own.accessed = model.accessed;
     own.modified = model.modified;
+    own.changed = nextTime();
     return {};
 }
 

@@ -26,7 +26,7 @@ RawDisk::Error MemoryDisk::freeIn(RawFolder& in, const std::string& name) const 
 
 void MemoryDisk::add(Node& folder, const std::string& name, const NodePtr& node) {
     folder.entries[name] = node;
-    folder.entry.modified = nextTime();
+    folder.entry.modified = node->entry.changed = nextTime();
 }
 
 void MemoryDisk::take(Node& folder, Entries::iterator entry) {

@@ -27,7 +27,7 @@ MemoryDisk::NodePtr MemoryDisk::newNode(RawKind kind, std::uint64_t device) {
     node->entry.kind = kind;
     node->entry.identity = {device, ++nodes_};
     node->entry.mode = kind == RawKind::folder ? 0755 : 0644;
-    node->entry.accessed = node->entry.modified = nextTime();
+    node->entry.accessed = node->entry.modified = node->entry.changed = nextTime();
     return node;
 }
 

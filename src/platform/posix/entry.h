@@ -34,9 +34,11 @@ inline RawEntry entryOf(const struct stat& found) {
 #ifdef __APPLE__
     entry.accessed = timeOf(found.st_atimespec);
     entry.modified = timeOf(found.st_mtimespec);
+    entry.changed = timeOf(found.st_ctimespec);
 #else
     entry.accessed = timeOf(found.st_atim);
     entry.modified = timeOf(found.st_mtim);
+    entry.changed = timeOf(found.st_ctim);
 #endif
     return entry;
 }

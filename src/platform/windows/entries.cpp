@@ -68,6 +68,9 @@ std::error_code lookAtHandle(HANDLE handle, RawEntry& entry) {
     entry.mode = isReadOnly ? readable : readable | writable;
     entry.accessed = timeOf(info.ftLastAccessTime);
     entry.modified = timeOf(info.ftLastWriteTime);
+    FILE_BASIC_INFO basic{};
+    if (GetFileInformationByHandleEx(handle, FileBasicInfo, &basic, sizeof basic) != 0)
+        entry.changed = (basic.ChangeTime.QuadPart - stepsUntil1970) * step;
     return {};
 }
 

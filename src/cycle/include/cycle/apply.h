@@ -6,19 +6,25 @@
 
 #include "cycle/plan.h"
 #include "cycle/selection.h"
+#include "cycle/unfinished.h"
 #include "releases/game_directory.h"
 
 namespace cycle {
 
 /// Works the plan out and asks about every clash. Changes nothing on the disk, so the program may
-/// end in the middle of a question. Folders that cannot be listed count as empty.
-Plan makePlan(const releases::GameDirectory& game, const Selection& selection);
+/// end in the middle of a question. Folders that cannot be listed count as empty; files that a
+/// reset could not move back count as nobody's.
+Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
+              const Unfinished& unfinished = {});
 
-/// Writes the journal, makes the folders, moves the files; then runs `modifier`, if there is one.
-/// Passes over every failure, that of writing the journal too: a file that cannot be moved is told
-/// of, all others go on. What the reset before it changed is synced before the journal of that
-/// reset is replaced. What `modifier` throws goes through.
-void carryOut(releases::GameDirectory& game, const formats::Journal& journal,
-              const std::function<void()>& modifier = {});
+/// Writes the journal and its state, makes the folders, moves the files; then runs `modifier`, if
+/// there is one. Where the reset before it lost a journal, the user is asked first, and the old
+/// file is kept beside the new one.
+///
+/// False, with nothing moved, where that is declined or where journal and state cannot be written
+/// whole and synced, of which the user is told. From then on every failure is passed over: a file
+/// that cannot be moved is told of, all others go on. What `modifier` throws goes through.
+bool carryOut(releases::GameDirectory& game, const formats::Journal& journal,
+              Unfinished& unfinished, const std::function<void()>& modifier = {});
 
 } // namespace cycle

@@ -2,21 +2,20 @@
 // plain while the catalogue is open.
 #pragma once
 
-#include <optional>
-
-#include "formats/journal.h"
+#include "cycle/last_launch.h"
+#include "cycle/unfinished.h"
 #include "releases/game_directory.h"
 
 namespace cycle {
 
-/// The journal of the last apply, or nothing for one that is damaged. Throws Failure where it
-/// cannot be read. Its paths are not held against any rule yet; each move does that.
-std::optional<formats::Journal> lastJournal(const releases::GameDirectory& game);
-
-/// Moves every file back, the last one first, and removes the folders that were made, those of the
-/// build-menu modifier too if it was on. Passes over every failure: what cannot be undone is told
-/// of as a move that failed, and a folder with something left in it stays. Undone once more, a
-/// journal takes nothing that is the game's own.
-void undo(releases::GameDirectory& game, const formats::Journal& journal, bool modifierWasOn);
+/// Moves every file back, the last one first, then those that an earlier reset could not move, and
+/// removes the folders that were made, those of the build-menu modifier too if it was on. A journal
+/// that is undone is gone through in the log alone. Passes over every failure: what cannot be
+/// undone is told of as a move that failed, noted on the disk and given back, to be tried at the
+/// next start. A file that is the game's own is never moved.
+///
+/// The log tells a line for each move, and another where there was nothing to move, or where the
+/// file has been changed since it was moved.
+Unfinished undo(releases::GameDirectory& game, const LastLaunch& last, bool modifierWasOn);
 
 } // namespace cycle

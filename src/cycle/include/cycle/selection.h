@@ -47,8 +47,9 @@ class Selection {
     MenuModifier modifier;
 
     /// The selection file of a type, as text and back: a name a line. What it says replaces what
-    /// was chosen. Names are taken over as they are, whether there are such releases or not; of a
-    /// type with one choice the first line counts, and a blank or missing one is the default.
+    /// was chosen. Names are taken over as they are, whether there are such releases or not, but
+    /// for blank lines; of a type with one choice the first line counts, and a blank or missing one
+    /// is the default.
     std::string textOf(releases::ReleaseType type) const;
     void readText(releases::ReleaseType type, std::string_view bytes);
     /// Three lines, "True" or "False". Read back, all that is not "True" is False.

@@ -2,14 +2,17 @@
 // modifier.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "cycle/selection.h"
 #include "releases/game_directory.h"
 
 namespace cycle {
 
-/// Reads all files in their order. Throws Failure at the first that cannot be read; what stood in
-/// those before it has been taken over by then.
-void readSels(const releases::GameDirectory& game, Selection& selection);
+/// Reads all files in their order. Gives back why those cannot be read that count as blank, each
+/// with its path.
+std::vector<std::string> readSels(const releases::GameDirectory& game, Selection& selection);
 
 /// Writes all files in their order. Throws Failure at the first that cannot be written; a crash
 /// leaves each file old or new, whole.

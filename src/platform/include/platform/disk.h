@@ -58,6 +58,14 @@ class FileReader {
 /// followed.
 enum class EntryKind { none, file, folder };
 
+struct EntryFacts {
+    EntryKind kind = EntryKind::none;
+    std::uint64_t size = 0; ///< bytes, of a file
+    /// When its content, name or permissions last changed, by the clock of the disk it lies on, in
+    /// nanoseconds; 0 where the system does not tell. Only for comparing.
+    std::int64_t changed = 0;
+};
+
 /// Bare names, ascending, case ignored.
 struct FolderNames {
     std::vector<std::string> folders;
@@ -103,6 +111,9 @@ class Disk {
     /// Never throws: what cannot be looked at is not there.
     EntryKind kindOf(const std::string& path);
 
+    /// What there is to be known of an entry. Never throws: what cannot be looked at is not there.
+    EntryFacts factsOf(const std::string& path);
+
     /// What lies directly in a folder. Files leave out hidden and system files. Names that a path
     /// of the program cannot express (a backslash or a line end in them) are left out.
     FolderNames list(const std::string& path);
@@ -113,6 +124,9 @@ class Disk {
     /// Whether an entry below a folder is a link or lies behind one. Below the game directory that
     /// makes no difference, but a folder of the user's own is read through links.
     bool leadsThroughLink(const std::string& folder, const std::string& relative);
+
+    /// Whether two paths lead to files with the same bytes. Throws for what is no readable file.
+    bool holdSame(const std::string& one, const std::string& other);
 
     /// Bytes in a file.
     std::uint64_t sizeOf(const std::string& path);

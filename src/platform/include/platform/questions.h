@@ -30,6 +30,12 @@ class MessageRow {
         row.hasLog_ = false;
         return row;
     }
+    /// A row of messages that leave nothing to choose.
+    static MessageRow fromTheFirst() {
+        MessageRow row;
+        row.shown_ = 2;
+        return row;
+    }
     bool hasLog() const { return hasLog_; }
     bool offersSameForRest() const { return shown_ >= 2; }
     const std::optional<std::size_t>& answerForRest() const { return forRest_; }

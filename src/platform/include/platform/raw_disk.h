@@ -35,6 +35,9 @@ struct RawEntry {
     std::uint32_t mode = 0;  ///< permissions, as far as the system has them
     FileTime accessed = 0;
     FileTime modified = 0;
+    /// When anything about the entry last changed: content, name, permissions. Nobody can set it; 0
+    /// where the system does not tell.
+    FileTime changed = 0;
 };
 
 /// A link is told as a link, wherever it leads.

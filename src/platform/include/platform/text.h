@@ -44,6 +44,9 @@ std::string joinLines(const Lines& lines) {
     return text;
 }
 
+/// A message as one line of a log: line breaks and blank lines become a blank.
+std::string inOneLine(std::string_view text);
+
 /// The lines of a text, however they end there, each with a line break of the program's own.
 std::string withLineBreaks(std::string_view bytes);
 

@@ -56,12 +56,22 @@ class GameDirectory {
     /// both inside the game directory. A move that the system refuses is told of with the system's
     /// reason. Either way all is as it was, and the work goes on. An empty path, or one path twice,
     /// is passed over without a word.
-    void MoveFile(const std::string& FromFile, const std::string& ToFile);
-    /// Tells of a move that failed, or was not tried. The reason is the system's, if it gave one.
+    /// False for a move that was not made.
+    bool MoveFile(const std::string& FromFile, const std::string& ToFile);
+
+    /// The same without a word. The reason is the system's, if it gave one.
+    struct MoveOutcome {
+        bool isDone = false;
+        std::string reason;
+    };
+    MoveOutcome tryMove(const std::string& from, const std::string& to);
+    /// Tells of a move that failed, or was not tried, in a message and a line of the log.
     void tellOfFailedMove(const std::string& from, const std::string& to,
                           const std::string& reason = {});
+    /// The message as a line of the log alone, for a move of which there is nothing wrong.
+    void logFailedMove(const std::string& from, const std::string& to) const;
     /// The messages of failed moves from here on are a row of their own.
-    void beginMoves() { moveFailures_ = {}; }
+    void beginMoves() { moveFailures_ = platform::MessageRow::fromTheFirst(); }
 
     /// Replaces a file at the destination and makes missing folders. Passes over a failure.
     void CopyFile(const std::string& FromFile, const std::string& ToFile) const;
@@ -87,7 +97,7 @@ class GameDirectory {
     platform::Questions& questions_;
     std::string TADir_;
     bool dontXPSwitch_ = false;
-    platform::MessageRow moveFailures_;
+    platform::MessageRow moveFailures_ = platform::MessageRow::fromTheFirst();
 };
 
 } // namespace releases

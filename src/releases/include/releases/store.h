@@ -44,6 +44,10 @@ class Store {
     /// The absolute path of a release's folder, whether there is one or not.
     std::string folderOf(ReleaseType type, std::string_view displayName) const;
 
+    /// Where its files belong, relative to the game directory: a folder, and where its type has
+    /// such releases, a loose file.
+    std::vector<std::string> placesOf(ReleaseType type, std::string_view displayName) const;
+
     /// A release without a folder is taken for a loose file. What cannot be read shows as not
     /// there.
     ReleaseTexts textsOf(ReleaseType type, std::string_view displayName) const;

@@ -10,8 +10,10 @@
 #include <string_view>
 #include <vector>
 
+#include "cycle/last_launch.h"
 #include "cycle/plan.h"
 #include "cycle/selection.h"
+#include "cycle/unfinished.h"
 #include "releases/game_directory.h"
 #include "releases/release_types.h"
 #include "releases/store.h"
@@ -37,7 +39,8 @@ class frmMain : public Window {
 
     // The stretches of a run, one by one. They let ProgramEnd pass.
     void Init();
-    void moveFiles();
+    /// False where nothing was moved because the changes could not be noted first.
+    bool moveFiles();
     void saveSels();
     void RestartVXL(bool askUser);
 
@@ -128,7 +131,9 @@ class frmMain : public Window {
     // frmMain_run.cpp: the way in and out
     void Form_Load();
     void Form_Unload();
+    void readSelection();
     void resetGameDirectory();
+    void tellOfDamage(const cycle::LastLaunch& last);
     void tmrSleep_Timer();
     void showLogForASecond();
     void cmdGo_Click();
@@ -164,6 +169,7 @@ class frmMain : public Window {
     std::string summaryOf(const releases::TypeInfo& type) const;
 
     // frmMain_commands.cpp
+    bool tellsOfWaitingFiles(const std::string& name);
     void lblRename_Click();
     void cmdRemove_Click();
     void cmdReadme_Click();
@@ -192,6 +198,7 @@ class frmMain : public Window {
 
     bool widcfRun = false;
     cycle::Selection selection_;
+    cycle::Unfinished unfinished_;
     /// The names of the current tab's releases, in the order of the list.
     std::vector<std::string> listed_;
     /// The release at hand, of the current tab: its texts are shown, and commands act on it.
