@@ -50,6 +50,7 @@ int main(int count, char** arguments) {
     const auto begin = now();
     limits.end = begin + std::chrono::seconds(seconds);
     if (point == "life") {
+        crash::isTelling = true;
         crash::tryLongLife(limits, runsOfALife, report);
     } else if (point.starts_with("world")) {
         if (const auto wrong = crash::playWay(point); !wrong.empty())

@@ -11,6 +11,7 @@ namespace crash {
 namespace {
 
 const std::string held = "Vexillum/TC-Cavedog TA/";
+const std::string pendingFile = "Vexillum/VXL-Changes/Pending.txt";
 const std::string mapFolder = "Vexillum/Map-";
 constexpr std::uint32_t openFolder = 0755;
 constexpr std::uint32_t lockedFolder = 0555;
@@ -43,7 +44,8 @@ bool tells(const Session& session, const std::string& name) {
 } // namespace
 
 Life::Life() : memory_(emptyGame()) {
-    memory_->remove(at("Vexillum/VXL-Trlx"));
+    for (const auto* unused : {"VXL-Trlx", "VXL-Help", "VXL-Misc"})
+        memory_->remove(at(std::string("Vexillum/") + unused));
     for (const auto* path : {"a.ufo", "units/b.ufo", "Vexillum/Map-One/a.ufo",
                              "Vexillum/Map-One/units/b.ufo", "Vexillum/Map-Two/a.ufo",
                              "Vexillum/Map-Two/units/b.ufo"})
@@ -115,7 +117,7 @@ std::string Life::session(const std::string& script, Answer answer, const Fault&
     forgetRemoved(plain, removes);
     const bool isCalm = !session.wasHit;
     const bool wasLaunched = script.ends_with("click cmdGo\n");
-    mayHoldReleases_ = !isCalm || wasLaunched;
+    mayHoldReleases_ = !isCalm || wasLaunched || has(pendingFile);
     if (session.badLine == "boxes without end")
         return session.badLine;
     auto wrong = check(isCalm && !wasLaunched ? &session : nullptr);
@@ -172,7 +174,7 @@ std::string Life::check(const Session* start) const {
             places[content].push_back(path);
         else if (path != "totala.exe" && !path.starts_with("Vexillum/"))
             return "torn: " + path;
-    const auto pending = memory_->content(at("Vexillum/VXL-Changes/Pending.txt")).value_or("");
+    const auto pending = memory_->content(at(pendingFile)).value_or("");
     for (const auto& [content, known] : known_) {
         const auto found = places.find(content);
         if (found == places.end())
@@ -198,7 +200,7 @@ std::string Life::key() const {
     for (const auto& [path, content] : memory_->files(gameFolder))
         if (path.find(".vexillum-part") == std::string::npos &&
             !path.starts_with("Vexillum/VXL-Sel/"))
-            key += path + "=" + content + "\n";
+            key.append(path).append("=").append(content).append("\n");
     for (const auto& [content, known] : known_)
         key += content + static_cast<char>('0' + static_cast<int>(known.owner));
     return key;

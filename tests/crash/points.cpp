@@ -105,21 +105,16 @@ class Bench {
     }
 
     /// What is wrong behind a point, empty for nothing. `isThere` tells whether the sessions came
-    /// that far; `seen` gets what each showed.
-    std::string tryPoint(const Point& point, bool& isThere, std::vector<Session>* seen) const {
+    /// that far.
+    std::string tryPoint(const Point& point, bool& isThere) const {
         const auto& around = calm(point);
         const auto& row = around.operation;
         const auto memory = around.start->copy();
-        const auto note = [&](Session session) {
-            if (seen != nullptr)
-                seen->push_back(session);
-            return session;
-        };
         Fault fault{point.number, {}, static_cast<Fault::Reach>(point.reach)};
         const bool isFailure = point.kind == Point::Kind::fail;
         if (isFailure)
             fault.error = std::make_error_code(errors[point.how].kind);
-        const auto disturbed = note(play(memory, row.script, row.answer, fault));
+        const auto disturbed = play(memory, row.script, row.answer, fault);
         isThere = disturbed.wasHit;
         if (!isThere)
             return {};
@@ -133,16 +128,16 @@ class Bench {
         if (disturbed.badLine == "boxes without end")
             return disturbed.badLine;
         if (point.kind == Point::Kind::pair) {
-            isThere = note(play(memory, "", row.answer, {static_cast<int>(point.more), {}})).wasHit;
+            isThere = play(memory, "", row.answer, {static_cast<int>(point.more), {}}).wasHit;
             if (auto wrong = around.lost(*memory, {}); !wrong.empty())
                 return "behind the second stop: " + wrong;
         }
         for (const auto* which : {"", "behind one more start: "}) {
-            const auto start = note(play(memory, ""));
+            const auto start = play(memory, "");
             if (auto wrong = around.notPlain(*memory); !wrong.empty())
                 return which + wrong;
             if (!start.boxes.empty() && !isFailure)
-                return which + ("a box where all is well: " + start.boxes.front());
+                return which + ("a box where all is well: " + start.boxes.front().substr(0, 90));
         }
         return {};
     }
@@ -198,7 +193,7 @@ void tryPoints(const Limits& limits, Report& report) {
          ++next) {
         const auto point = points[next];
         bool isThere = false;
-        const auto wrong = bench.tryPoint(point, isThere, nullptr);
+        const auto wrong = bench.tryPoint(point, isThere);
         if (isThere) {
             ++tried;
             report.tried(kinds[static_cast<int>(point.kind)]);
@@ -220,16 +215,9 @@ bool tryPoint(const std::string& recipe, Report& report) {
     if (!readRecipe(recipe, point))
         return false;
     const Bench bench;
-    std::vector<Session> seen;
     bool isThere = false;
-    const auto wrong = bench.tryPoint(point, isThere, &seen);
-    for (const auto& session : seen) {
-        std::printf("session of %d changes %s\n", session.changes, session.badLine.c_str());
-        for (const auto& box : session.boxes)
-            std::printf("  box %s\n", box.c_str());
-        for (const auto& line : session.lines)
-            std::printf("  log %s\n", line.c_str());
-    }
+    isTelling = true;
+    const auto wrong = bench.tryPoint(point, isThere);
     report.tried(kinds[static_cast<int>(point.kind)], isThere ? 1 : 0);
     if (!wrong.empty())
         tell(point, bench, wrong, report);

@@ -2,6 +2,7 @@
 #include "crash/session.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <random>
 #include <sstream>
 
@@ -37,7 +38,18 @@ class Toolkit final : public headless::SessionToolkit {
     Answer answer_;
 };
 
+void tell(const Session& session, const std::string& script) {
+    std::printf("session of %d changes: %s %s\n", session.changes,
+                platform::inOneLine(script).c_str(), session.badLine.c_str());
+    for (const auto& line : session.lines)
+        std::printf("    log %s\n", line.c_str());
+    for (const auto& box : session.boxes)
+        std::printf("    box %s\n", platform::inOneLine(box).c_str());
+}
+
 } // namespace
+
+bool isTelling = false;
 
 Session play(const Memory& memory, const std::string& script, Answer answer, const Fault& fault) {
     Session session;
@@ -79,6 +91,8 @@ Session play(const Memory& memory, const std::string& script, Answer answer, con
     } catch (const headless::TooManyBoxes&) {
         session.badLine = "boxes without end";
     }
+    if (isTelling)
+        tell(session, script);
     return session;
 }
 

@@ -42,6 +42,9 @@ struct Session {
 /// The game directory of every session.
 constexpr auto gameFolder = "/game";
 
+/// Whether each session prints what its user sees.
+extern bool isTelling;
+
 /// Runs the program until the script runs out, which is the machine going off, or it ends.
 Session play(const Memory& memory, const std::string& script, Answer answer = Answer::yes,
              const Fault& fault = {});

@@ -196,6 +196,7 @@ std::string playWay(const std::string& way) {
     words >> word;
     Life life;
     std::string wrong;
+    isTelling = true;
     while (wrong.empty() && words >> word) {
         const auto colon = std::min(word.find(':'), word.size());
         const auto step = std::find_if(steps().begin(), steps().end(), [&](const auto& each) {
@@ -210,7 +211,7 @@ std::string playWay(const std::string& way) {
                        .at(std::stoul(word.substr(colon + 1)));
             wrong = life.check(nullptr);
         }
-        std::printf("%s\n%s\n", word.c_str(), life.key().c_str());
+        std::printf("--- %s\n%s\n", word.c_str(), life.key().c_str());
     }
     return wrong;
 }
@@ -223,6 +224,8 @@ void tryLongLife(const Limits& limits, int runs, Report& report) {
         std::string did;
         const auto wrong = takeChance(life, random, did);
         way.push_back(did);
+        if (isTelling)
+            std::printf("--- %s\n", did.c_str());
         report.tried("runs of a long life");
         if (wrong.empty())
             continue;
