@@ -72,14 +72,28 @@ void Life::know(const std::string& path, const std::string& content) {
     known_[content] = {owner, below.empty() ? path : below};
 }
 
+/// Time goes by between sessions.
+void Life::settle() {
+    std::unique_ptr<platform::RawFolder> folder;
+    if (!memory_->openRoot(gameFolder, folder))
+        memory_->syncAll(*folder);
+}
+
 void Life::put(const std::string& path) {
     remove(path);
+    settle();
+    // Its twin may be in the game directory at the time, and nobody can tell the two apart then.
+    if (mayHoldReleases_ && !belowRelease(path).empty())
+        for (auto& [content, known] : known_)
+            if (known.owner == Owner::release && known.path == belowRelease(path))
+                known.owner = Owner::either;
     const auto content = "content " + std::to_string(++nextContent_);
     memory_->put(at(path), content);
     know(path, content);
 }
 
 void Life::remove(const std::string& path) {
+    settle();
     if (!has(path))
         return;
     if (const auto own = memory_->content(at(path)))

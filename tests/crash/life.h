@@ -54,6 +54,7 @@ class Life {
         std::string path; ///< of the game, or below a release
     };
 
+    void settle();
     void know(const std::string& path, const std::string& content);
     void forgetRemoved(const Files& plain, const std::string& release);
 
