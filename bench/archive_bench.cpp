@@ -23,7 +23,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using bench::Seconds;
-using packing::Packing;
 
 constexpr int rounds = 5;
 const fs::path root = fs::current_path() / "archive-bench-game";

@@ -1,5 +1,6 @@
-// A file at a destination is the release's where the journal is known to have been carried out.
-// Else it may be the game's own, of a move that was never made.
+// A file at a destination is surely the release's where the journal was carried out and nobody has
+// touched the file since. Else it may be the game's own, of a move that was never made, or was
+// undone already.
 #include "undo_move.h"
 
 #include "platform/failure.h"
@@ -38,13 +39,22 @@ bool UndoMove::undo(std::size_t number) {
     if (last_.trust == Trust::undone || last_.failedMoves.contains(number))
         game_.logFailedMove(from_, to_);
     else
-        isDone = moveBack(move, last_.trust);
+        isDone = moveBack(move);
     return end(move, isDone);
 }
 
 bool UndoMove::undoPending(const Move& move) {
     begin(move);
-    return end(move, moveBack(move, Trust::carriedOut));
+    isPending_ = true;
+    const bool isDone = moveBack(move);
+    isPending_ = false;
+    return end(move, isDone);
+}
+
+void UndoMove::begin(const Move& move) {
+    game_.log().line(line_.assign(move.destination).append(" to ").append(move.source));
+    game_.at(move.destination, from_);
+    game_.at(move.source, to_);
 }
 
 bool UndoMove::end(const Move& move, bool isDone) {
@@ -54,22 +64,19 @@ bool UndoMove::end(const Move& move, bool isDone) {
     return isDone;
 }
 
-void UndoMove::begin(const Move& move) {
-    game_.log().line(line_.assign(move.destination).append(" to ").append(move.source));
-    game_.at(move.destination, from_);
-    game_.at(move.source, to_);
-}
-
-bool UndoMove::moveBack(const Move& move, Trust trust) {
+bool UndoMove::moveBack(const Move& move) {
     // A folder of the journal may stand where a file was that made room for a release's.
     if (move.source.find('\\') == std::string::npos &&
         folders_.contains(platform::foldCase(move.source)))
         platform::attempt([&] { game_.disk().removeFolder(to_); });
     const auto file = game_.disk().factsOf(from_);
-    if (file.kind == EntryKind::file && isOurs(move, trust)) {
+    const bool isOurs = file.kind == EntryKind::file && this->isOurs(move, file);
+    if (isOurs) {
         const auto outcome = game_.tryMove(from_, to_);
         if (outcome.isDone) {
-            tellOfChange(move, file.changed);
+            if (isTouched(file))
+                game_.log().line("\"" + move.destination +
+                                 "\" has been changed since it was moved there");
             return true;
         }
         if (game_.disk().kindOf(to_) == EntryKind::none) {
@@ -77,19 +84,18 @@ bool UndoMove::moveBack(const Move& move, Trust trust) {
             return false;
         }
     }
-    if (game_.disk().kindOf(to_) == EntryKind::none) {
+    if (game_.disk().kindOf(to_) == EntryKind::none)
         game_.tellOfFailedMove(from_, to_);
-        return true;
-    }
-    if (file.kind == EntryKind::file)
-        return settleBoth(move, trust);
-    game_.logFailedMove(from_, to_);
+    else if (isOurs)
+        return settleBoth(move, file);
+    else
+        game_.logFailedMove(from_, to_);
     return true;
 }
 
-/// There is a file at either end.
-bool UndoMove::settleBoth(const Move& move, Trust trust) {
-    if (isCopy(move, trust)) {
+/// There is an entry at the source too, so one of the two came since.
+bool UndoMove::settleBoth(const Move& move, const platform::EntryFacts& file) {
+    if (isCopy(move)) {
         try {
             game_.disk().removeFile(from_);
             game_.log().line("\"" + move.destination + "\" was a second copy of \"" + move.source +
@@ -100,37 +106,40 @@ bool UndoMove::settleBoth(const Move& move, Trust trust) {
             return false;
         }
     }
-    if (trust == Trust::carriedOut) {
-        game_.tellOfFailedMove(from_, to_);
-        return false;
-    }
-    game_.logFailedMove(from_, to_);
-    return true;
+    game_.tellOfFailedMove(from_, to_);
+    // Only what is surely the release's, or waits to come back, may be tried once more.
+    return !isPending_ && !isGames(move) && !isUntouched(file);
 }
 
-/// Whether the file at a move's destination came there by that move.
-bool UndoMove::isOurs(const Move& move, Trust trust) {
-    if (trust == Trust::carriedOut || isGames(move))
+/// Whether the file at a move's destination is taken to have come there by that move.
+bool UndoMove::isOurs(const Move& move, const platform::EntryFacts& file) {
+    if (isPending_ || isGames(move) || isUntouched(file))
         return true;
-    // A file of the game that makes room does so ahead of the release's file that comes there.
+    // A file of the game that makes room does so ahead of the release's file that comes there, and
+    // comes back behind it.
     if (const auto* waiting = waitingPlace(move))
         return game_.DoesFileExist(game_.at(*waiting));
-    return trust == Trust::interrupted || isThere(std::string_view(to_).substr(0, to_.rfind('\\')));
+    return last_.trust == Trust::interrupted ||
+           isThere(std::string_view(to_).substr(0, to_.rfind('\\')));
 }
 
 /// Whether a move was cut off between the copy and the removal of the original. A release's file
 /// that could not leave the place of the game's may be equal to it, and is no copy.
-bool UndoMove::isCopy(const Move& move, Trust trust) {
+bool UndoMove::isCopy(const Move& move) {
     bool isSame = false;
-    if (trust != Trust::unknown && isOurs(move, trust) &&
-        !occupied_.contains(platform::foldCase(move.source)))
+    if (last_.trust != Trust::unknown && !occupied_.contains(platform::foldCase(move.source)))
         platform::attempt([&] { isSame = game_.disk().holdSame(from_, to_); });
     return isSame;
 }
 
-void UndoMove::tellOfChange(const Move& move, std::int64_t changed) {
-    if (last_.carriedOutAt != 0 && changed > last_.carriedOutAt)
-        game_.log().line("\"" + move.destination + "\" has been changed since it was moved there");
+/// Nobody has laid a hand on the file since the last move.
+bool UndoMove::isUntouched(const platform::EntryFacts& file) const {
+    return !isPending_ && last_.carriedOutAt != 0 && file.changed != 0 &&
+           file.changed <= last_.carriedOutAt;
+}
+
+bool UndoMove::isTouched(const platform::EntryFacts& file) const {
+    return !isPending_ && last_.carriedOutAt != 0 && file.changed > last_.carriedOutAt;
 }
 
 const std::string* UndoMove::waitingPlace(const Move& move) {

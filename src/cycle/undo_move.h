@@ -28,16 +28,18 @@ class UndoMove {
 
     void begin(const Move& move);
     bool end(const Move& move, bool isDone);
-    bool moveBack(const Move& move, Trust trust);
-    bool settleBoth(const Move& move, Trust trust);
-    bool isOurs(const Move& move, Trust trust);
-    bool isCopy(const Move& move, Trust trust);
-    void tellOfChange(const Move& move, std::int64_t changed);
+    bool moveBack(const Move& move);
+    bool settleBoth(const Move& move, const platform::EntryFacts& file);
+    bool isOurs(const Move& move, const platform::EntryFacts& file);
+    bool isCopy(const Move& move);
+    bool isUntouched(const platform::EntryFacts& file) const;
+    bool isTouched(const platform::EntryFacts& file) const;
     const std::string* waitingPlace(const Move& move);
     bool isThere(std::string_view folder);
 
     releases::GameDirectory& game_;
     const LastLaunch& last_;
+    bool isPending_ = false;
     /// Where the files of the game that had to make room wait, by their places, case folded.
     std::unordered_map<std::string, std::string> displaced_;
     std::unordered_set<std::string> folders_;

@@ -7,6 +7,7 @@
 //   #: start [COMMAND LINE]  a session with the script lines up to the next "#:" line
 //   #: cut N PATH            with the session before it: the power goes before the N-th change of
 //   PATH
+//   #: fail PATH             with the session before it: every change of PATH fails
 //   #> EVENT                 what the user sees; "..." stands for any text
 //   #= CONTROL[.FIELD] TEXT  the state at this place of the script
 //   #: has PATH [= TEXT], #: no PATH
@@ -16,14 +17,18 @@
 
 #include <algorithm>
 #include <cctype>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
+#include <thread>
 #include <utility>
 
 #include <gtest/gtest.h>
 
 #include "packing/archive_writer.h"
+#include "platform/failure.h"
 #include "platform/text.h"
 #include "support/faulty_disk.h"
 #include "support/play.h"
@@ -65,6 +70,10 @@ class Story {
   private:
     std::string where() const { return file_ + ":" + std::to_string(lineNumber_); }
 
+    std::string diskPath(const std::string& path) const {
+        return game_.folder() + "\\" + replaceAll(path, "/", "\\");
+    }
+
     void addScript(const std::string& line) {
         script_ += replaceAll(line, "GAME/", game_.folder() + "/") + "\n";
         if (!line.empty() && line[0] != '#')
@@ -85,8 +94,11 @@ class Story {
         auto rest = blank == std::string::npos ? "" : line.substr(blank + 1);
         if (word == "cut") {
             cutAt_ = std::stoi(rest);
-            cutPath_ =
-                game_.folder() + "\\" + replaceAll(rest.substr(rest.find(' ') + 1), "/", "\\");
+            cutPath_ = diskPath(rest.substr(rest.find(' ') + 1));
+            return;
+        }
+        if (word == "fail") {
+            failing_.insert(platform::foldCase(diskPath(rest)));
             return;
         }
         runSession();
@@ -99,6 +111,9 @@ class Story {
             text = replaceAll(replaceAll(rest.substr(equals + 3), "\\n", "\r\n"), "\\t", "\t");
             rest.resize(equals);
         }
+        // The clock for files may stand still for some milliseconds.
+        if (sessions_ > 0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
         if (word == "file")
             game_.put(rest, text);
         else if (word == "folder")
@@ -167,6 +182,7 @@ class Story {
         expectations_.clear();
         cutAt_ = 0;
         cutPath_.clear();
+        failing_.clear();
         lastWasState_ = false;
     }
 
@@ -178,6 +194,8 @@ class Story {
         FaultyDisk faulty(*disk, [&](int /*number*/, const std::string& path) {
             if (platform::equalIgnoringCase(path, cutPath_) && ++changes == cutAt_)
                 throw PowerCut();
+            if (failing_.contains(platform::foldCase(path)))
+                throw platform::Failure("change", platform::shownPath(path), "The disk says no");
         });
         Session session;
         try {
@@ -254,6 +272,7 @@ class Story {
     std::vector<Expectation> expectations_;
     int cutAt_ = 0;
     std::string cutPath_;
+    std::set<std::string> failing_;
     bool lastWasState_ = false;
     int looks_ = 0;
     std::map<std::string, packing::PackedFiles> packed_;
