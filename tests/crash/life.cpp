@@ -46,9 +46,9 @@ bool tells(const Session& session, const std::string& name) {
 Life::Life() : memory_(emptyGame()) {
     for (const auto* unused : {"VXL-Trlx", "VXL-Help", "VXL-Misc"})
         memory_->remove(at(std::string("Vexillum/") + unused));
-    for (const auto* path : {"a.ufo", "units/b.ufo", "Vexillum/Map-One/a.ufo",
-                             "Vexillum/Map-One/units/b.ufo", "Vexillum/Map-Two/a.ufo",
-                             "Vexillum/Map-Two/units/b.ufo"})
+    for (const auto* path :
+         {"a.ufo", "units/b.ufo", "Vexillum/Map-One/a.ufo", "Vexillum/Map-One/units/b.ufo",
+          "Vexillum/Map-Two/a.ufo", "Vexillum/Map-Two/units/b.ufo"})
         put(path);
 }
 

@@ -40,8 +40,8 @@ class Life {
     void makeFolder(const std::string& path);
     void setWritable(const std::string& folder, bool can);
 
-    /// What is wrong, empty for nothing: every content is there once, and behind a whole start where
-    /// it belongs, or noted and told.
+    /// What is wrong, empty for nothing: every content is there once, and behind a whole start
+    /// where it belongs, or noted and told.
     std::string check(const Session* start) const;
 
     /// Equal for equal directories.

@@ -26,6 +26,7 @@ constexpr NamedError errors[] = {{"full", std::errc::no_space_on_device},
                                  {"read-only", std::errc::read_only_file_system}};
 constexpr const char* reaches[] = {"once", "onwards", "same-name"};
 constexpr const char* models[] = {"in-order", "any-order"};
+constexpr const char* damages[] = {"missing", "empty", "cut", "bytes"};
 
 template <typename Names>
 int indexOf(const Names& names, const std::string& name) {
@@ -39,7 +40,7 @@ int indexOf(const Names& names, const std::string& name) {
 }
 
 struct Point {
-    enum class Kind { stop, pair, fail, power };
+    enum class Kind { stop, pair, fail, power, damage };
     Kind kind = Kind::stop;
     int operation = 0;
     int number = 0;
@@ -47,7 +48,7 @@ struct Point {
     int reach = 0;          ///< of the error
     std::uint32_t more = 0; ///< the second change of a pair, or the seed of a loss
 };
-constexpr const char* kinds[] = {"stop", "pair", "fail", "power"};
+constexpr const char* kinds[] = {"stop", "pair", "fail", "power", "damage"};
 
 std::string recipeOf(const Point& point) {
     std::ostringstream text;
@@ -57,7 +58,9 @@ std::string recipeOf(const Point& point) {
         text << " " << errors[point.how].name << " " << reaches[point.reach];
     if (point.kind == Point::Kind::power)
         text << " " << models[point.how];
-    if (point.kind == Point::Kind::pair || point.kind == Point::Kind::power)
+    if (point.kind == Point::Kind::damage)
+        text << " " << damages[point.how];
+    if (point.kind != Point::Kind::stop && point.kind != Point::Kind::fail)
         text << " " << point.more;
     return text.str();
 }
@@ -87,10 +90,45 @@ bool readRecipe(const std::string& recipe, Point& point) {
     } else if (point.kind == Point::Kind::power) {
         text >> how >> point.more;
         point.how = indexOf(models, how);
+    } else if (point.kind == Point::Kind::damage) {
+        text >> how >> point.more;
+        point.how = indexOf(damages, how);
     } else if (point.kind == Point::Kind::pair) {
         text >> point.more;
     }
     return text && point.how >= 0 && point.reach >= 0;
+}
+
+/// The files that the program keeps for itself from one run to the next.
+std::vector<std::pair<std::string, std::string>> ownFiles(const platform::MemoryDisk& memory) {
+    std::vector<std::pair<std::string, std::string>> files;
+    for (const auto& [path, content] : memory.files(gameFolder))
+        if (path.starts_with("Vexillum/VXL-Changes/") || path.starts_with("Vexillum/VXL-Sel/"))
+            files.emplace_back(std::string(gameFolder) + "/" + path, content);
+    return files;
+}
+
+/// Gives back the name of the file, or nothing where there is no such damage.
+std::string damage(platform::MemoryDisk& memory, const Point& point) {
+    const auto files = ownFiles(memory);
+    if (point.number < 1 || point.number > static_cast<int>(files.size()))
+        return {};
+    auto [path, content] = files[static_cast<std::size_t>(point.number) - 1];
+    memory.remove(path);
+    std::mt19937 random(point.more);
+    if (point.how == 3)
+        std::generate(content.begin(), content.end(), [&] { return static_cast<char>(random()); });
+    if (point.how == 2) {
+        std::size_t end = 0;
+        for (unsigned line = 0; line < point.more && end != std::string::npos; ++line)
+            end = content.find('\n', end == 0 ? 0 : end + 1);
+        if (end == std::string::npos || end + 1 == content.size())
+            return {};
+        content.resize(end == 0 ? 0 : end + 1);
+    }
+    if (point.how > 0)
+        memory.put(path, point.how == 1 ? "" : content);
+    return path.substr(path.rfind('/') + 1);
 }
 
 class Bench {
@@ -110,6 +148,8 @@ class Bench {
         const auto& around = calm(point);
         const auto& row = around.operation;
         const auto memory = around.start->copy();
+        if (point.kind == Point::Kind::damage)
+            return tryDamage(point, memory, isThere);
         Fault fault{point.number, {}, static_cast<Fault::Reach>(point.reach)};
         const bool isFailure = point.kind == Point::Kind::fail;
         if (isFailure)
@@ -120,13 +160,14 @@ class Bench {
             return {};
         if (point.kind == Point::Kind::power)
             losePower(*memory, point.how == 0, point.more);
-        if (auto wrong = around.lost(*memory, disturbed); !wrong.empty())
-            return wrong;
-        if (isFailure)
-            if (auto wrong = around.silent(*memory, disturbed); !wrong.empty())
-                return wrong;
         if (disturbed.badLine == "boxes without end")
             return disturbed.badLine;
+        if (auto wrong = around.lost(*memory, disturbed); !wrong.empty())
+            return wrong;
+        // Where a line of the script found nothing to click, the user saw as much.
+        if (isFailure && disturbed.badLine.empty())
+            if (auto wrong = around.silent(*memory, disturbed); !wrong.empty())
+                return wrong;
         if (point.kind == Point::Kind::pair) {
             isThere = play(memory, "", row.answer, {static_cast<int>(point.more), {}}).wasHit;
             if (auto wrong = around.lost(*memory, {}); !wrong.empty())
@@ -142,9 +183,38 @@ class Bench {
         return {};
     }
 
+    /// What cannot be moved back for want of a note is told with the note's name, and is there
+    /// behind one more launch too.
+    std::string tryDamage(const Point& point, const Memory& memory, bool& isThere) const {
+        const auto& around = calm(point);
+        const auto name = damage(*memory, point);
+        isThere = !name.empty();
+        if (!isThere)
+            return {};
+        const auto start = play(memory, "");
+        const auto wrong = around.notPlain(*memory);
+        const bool isTold =
+            std::any_of(start.boxes.begin(), start.boxes.end(),
+                        [&](const auto& box) { return box.find(name) != std::string::npos; });
+        if (!wrong.empty() && !isTold)
+            return "not told of " + name + ": " + wrong;
+        play(memory, "click cmdRevert\ntab Maps\nmark One\nclick cmdGo\n");
+        if (const auto lost = around.lost(*memory, {}); !lost.empty())
+            return "behind a launch: " + lost;
+        play(memory, "");
+        return around.lost(*memory, {});
+    }
+
     /// All there are, but for losses of power, of which there are some a change.
     std::vector<Point> all(std::mt19937& random) const {
         std::vector<Point> points;
+        constexpr unsigned mostLines = 24;
+        constexpr int mostFiles = 12;
+        for (int file = 1; file <= mostFiles; ++file)
+            for (int row = 0; row < 2; ++row)
+                for (int how = 0; how < static_cast<int>(std::size(damages)); ++how)
+                    for (unsigned more = 1; more <= (how < 2 ? 1 : mostLines); ++more)
+                        points.push_back({Point::Kind::damage, row, file, how, 0, more});
         for (int row = 0; row < static_cast<int>(calms_.size()); ++row)
             for (int number = 1; number <= calms_[static_cast<std::size_t>(row)].session.changes;
                  ++number) {

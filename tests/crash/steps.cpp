@@ -98,9 +98,7 @@ std::string Step::run(Life& life, const Fault& fault) const {
 }
 
 const std::vector<Step>& steps() {
-    const auto put = [](const std::string& path) {
-        return [path](Life& life) { life.put(path); };
-    };
+    const auto put = [](const std::string& path) { return [path](Life& life) { life.put(path); }; };
     const auto remove = [](const std::string& path) {
         return [path](Life& life) { life.remove(path); };
     };

@@ -279,15 +279,23 @@ std::string Calm::notPlain(const platform::MemoryDisk& memory) const {
 std::string Calm::silent(const platform::MemoryDisk& memory, const Session& disturbed) const {
     const auto boxes = onlyIn(disturbed.boxes, session.boxes);
     const auto lines = onlyIn(disturbed.lines, session.lines);
-    // Where nothing can be noted, nothing is moved, and the box names the note.
+    // Where nothing can be noted, nothing is moved, and the box names the note; a rename is
+    // answered.
     const bool isTurnedDown = std::any_of(boxes.begin(), boxes.end(), [](const auto& box) {
         return names(box, "VXL-Changes") || names(box, "VXL-Sel") ||
-               names(box, "could not be saved");
+               names(box, "could not be saved") || names(box, "could not be renamed");
     });
-    const auto isTold = [&](const std::string& path) {
-        const auto tells = [&](const auto& text) { return names(text, leafOf(path)); };
-        return isTurnedDown || std::any_of(boxes.begin(), boxes.end(), tells) ||
+    const auto isNamed = [&](const std::string& name) {
+        const auto tells = [&](const auto& text) { return names(text, name); };
+        return std::any_of(boxes.begin(), boxes.end(), tells) ||
                std::any_of(lines.begin(), lines.end(), tells);
+    };
+    // By its name or by that of a folder that was to go with all that is in it.
+    const auto isTold = [&](const std::string& path) {
+        auto isIt = isTurnedDown || isNamed(leafOf(path));
+        for (auto end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1))
+            isIt = isIt || isNamed(at(path.substr(0, end)) + "\"");
+        return isIt;
     };
     std::set<std::string> differ;
     const auto compare = [&](const Files& one, const Files& other) {
