@@ -256,7 +256,16 @@ void tryPoints(const Limits& limits, Report& report) {
     const Bench bench;
     std::mt19937 random(limits.seed);
     auto points = bench.all(random);
+    std::erase_if(points, [&](const Point& point) {
+        return std::any_of(limits.without.begin(), limits.without.end(), [&](const auto& word) {
+            return word == kinds[static_cast<int>(point.kind)] ||
+                   word == bench.calm(point).operation.name;
+        });
+    });
     std::shuffle(points.begin(), points.end(), random);
+    std::stable_partition(points.begin(), points.end(), [](const Point& point) {
+        return point.kind == Point::Kind::stop || point.kind == Point::Kind::damage;
+    });
     int tried = 0;
     for (std::size_t next = 0; tried < limits.points && next < points.size() &&
                                std::chrono::steady_clock::now() < limits.end;

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "crash/report.h"
 
@@ -13,6 +14,7 @@ struct Limits {
     std::uint32_t seed = 1;
     std::chrono::steady_clock::time_point end; ///< no point is begun behind it
     int points = 1 << 30;
+    std::vector<std::string> without; ///< kinds of points, and operations
 };
 
 /// Tries all stops, failures and pairs and many losses of power, in an order by chance.

@@ -25,6 +25,14 @@ std::string leafOf(const std::string& path) {
     return path.substr(path.rfind('/') + 1);
 }
 
+/// The name of the release that a file is of, in quotes; what stands nowhere if it is of none.
+std::string releaseOf(const std::string& path) {
+    const auto start = path.find('-');
+    return path.starts_with("Vexillum/") && start != std::string::npos
+               ? '"' + path.substr(start + 1, path.find('/', start) - start - 1) + '"'
+               : "\n\n";
+}
+
 bool isUsers(const std::string& path) {
     return !path.starts_with("Vexillum/VXL-") && path != "Vexillum/MBefore.txt" &&
            path != "Vexillum/MAfter.txt" && path.find(".vexillum-part") == std::string::npos;
@@ -292,7 +300,7 @@ std::string Calm::silent(const platform::MemoryDisk& memory, const Session& dist
     };
     // By its name or by that of a folder that was to go with all that is in it.
     const auto isTold = [&](const std::string& path) {
-        auto isIt = isTurnedDown || isNamed(leafOf(path));
+        auto isIt = isTurnedDown || isNamed(leafOf(path)) || isNamed(releaseOf(path));
         for (auto end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1))
             isIt = isIt || isNamed(at(path.substr(0, end)) + "\"");
         return isIt;
