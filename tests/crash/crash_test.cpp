@@ -2,7 +2,7 @@
 // what was there.
 //   crash-test [--seed N] [--seconds N]     all there is, by chance where there is no end of it
 //   crash-test --points N [--seed N] [--without KIND-OR-OPERATION]...    a sample, always the same
-//   crash-test POINT            one point again, as a finding tells it: stop apply 17
+//   crash-test POINT            one point again, as a finding tells it: fail apply 17 full 1
 //   crash-test world STEP...    one sequence of steps again
 //   crash-test worlds LENGTH    all sequences of so many steps
 //   crash-test --seed N life    one long life again

@@ -111,10 +111,6 @@ void Life::rename(const std::string& path, const std::string& newPath) {
     know(newPath, content);
 }
 
-void Life::makeFolder(const std::string& path) {
-    memory_->putFolder(at(path));
-}
-
 void Life::setWritable(const std::string& folder, bool can) {
     memory_->setMode(at(folder), can ? openFolder : lockedFolder);
 }
@@ -211,10 +207,18 @@ std::string Life::check(const Session* start) const {
 
 std::string Life::key() const {
     std::string key = mayHoldReleases_ ? "+" : "-";
-    for (const auto& [path, content] : memory_->files(gameFolder))
-        if (path.find(".vexillum-part") == std::string::npos &&
-            !path.starts_with("Vexillum/VXL-Sel/"))
-            key.append(path).append("=").append(content).append("\n");
+    // The program tells by the times what was touched since.
+    std::vector<std::int64_t> noted;
+    for (const auto* note : {"Vexillum/VXL-Changes/State.txt", "Vexillum/VXL-Changes/Pending.txt"})
+        noted.push_back(has(note) ? memory_->entry(at(note)).changed : 0);
+    for (const auto& [path, content] : memory_->files(gameFolder)) {
+        if (path.find(".vexillum-part") != std::string::npos ||
+            path.starts_with("Vexillum/VXL-Sel/"))
+            continue;
+        key.append(path).append("=").append(content);
+        for (const auto time : noted)
+            key += memory_->entry(at(path)).changed <= time ? '<' : '>';
+    }
     for (const auto& [content, known] : known_)
         key += content + static_cast<char>('0' + static_cast<int>(known.owner));
     return key;

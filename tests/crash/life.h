@@ -37,7 +37,6 @@ class Life {
     void put(const std::string& path);
     void remove(const std::string& path);
     void rename(const std::string& path, const std::string& newPath);
-    void makeFolder(const std::string& path);
     void setWritable(const std::string& folder, bool can);
 
     /// What is wrong, empty for nothing: every content is there once, and behind a whole start

@@ -3,7 +3,6 @@
 #include "crash/points.h"
 
 #include <algorithm>
-#include <cstring>
 #include <deque>
 #include <iterator>
 #include <random>
@@ -15,53 +14,36 @@
 namespace crash {
 namespace {
 
-struct NamedError {
-    const char* name;
-    std::errc kind;
-};
-constexpr NamedError errors[] = {{"full", std::errc::no_space_on_device},
-                                 {"denied", std::errc::permission_denied},
-                                 {"in-use", std::errc::device_or_resource_busy},
-                                 {"broken", std::errc::io_error},
-                                 {"read-only", std::errc::read_only_file_system}};
-constexpr const char* reaches[] = {"once", "onwards", "same-name"};
-constexpr const char* models[] = {"in-order", "any-order"};
-constexpr const char* damages[] = {"missing", "empty", "cut", "bytes"};
-
-template <typename Names>
-int indexOf(const Names& names, const std::string& name) {
-    int index = 0;
-    for (const auto& each : names) {
-        if (name == each)
-            return index;
-        ++index;
-    }
-    return -1;
-}
+constexpr std::errc errors[] = {std::errc::no_space_on_device, std::errc::permission_denied,
+                                std::errc::device_or_resource_busy, std::errc::io_error,
+                                std::errc::read_only_file_system};
 
 struct Point {
-    enum class Kind { stop, pair, fail, power, damage };
-    Kind kind = Kind::stop;
-    int operation = 0;
-    int number = 0;
-    int how = 0;            ///< the error, or the model
-    int reach = 0;          ///< of the error
-    std::uint32_t more = 0; ///< the second change of a pair, or the seed of a loss
+    enum Kind { stop, pair, fail, power, damage };
+    Kind kind = stop;
+    std::size_t operation = 0;
+    int number = 0;      ///< the change, or the damaged file
+    std::size_t how = 0; ///< by the words of the kind
+    std::uint32_t more =
+        0; ///< a pair's second change, a failure's reach, a seed, lines that are left
 };
-constexpr const char* kinds[] = {"stop", "pair", "fail", "power", "damage"};
+
+struct KindWords {
+    const char* name;
+    std::vector<std::string> hows;
+};
+const std::vector<KindWords> kinds = {{"stop", {"dead"}},
+                                      {"pair", {"dead"}},
+                                      {"fail", {"full", "denied", "in-use", "broken", "read-only"}},
+                                      {"power", {"in-order", "any-order"}},
+                                      {"damage", {"missing", "empty", "cut", "bytes"}}};
+constexpr std::uint32_t reaches = 3;
 
 std::string recipeOf(const Point& point) {
+    const auto& words = kinds[point.kind];
     std::ostringstream text;
-    text << kinds[static_cast<int>(point.kind)] << " "
-         << operations()[static_cast<std::size_t>(point.operation)].name << " " << point.number;
-    if (point.kind == Point::Kind::fail)
-        text << " " << errors[point.how].name << " " << reaches[point.reach];
-    if (point.kind == Point::Kind::power)
-        text << " " << models[point.how];
-    if (point.kind == Point::Kind::damage)
-        text << " " << damages[point.how];
-    if (point.kind != Point::Kind::stop && point.kind != Point::Kind::fail)
-        text << " " << point.more;
+    text << words.name << " " << operations()[point.operation].name << " " << point.number << " "
+         << words.hows[point.how] << " " << point.more;
     return text.str();
 }
 
@@ -70,33 +52,18 @@ bool readRecipe(const std::string& recipe, Point& point) {
     std::string kind;
     std::string operation;
     std::string how;
-    std::string reach;
-    text >> kind >> operation >> point.number;
-    std::vector<std::string> names;
-    for (const auto& row : operations())
-        names.emplace_back(row.name);
-    const auto kindIs = indexOf(kinds, kind);
-    point.operation = indexOf(names, operation);
-    if (!text || kindIs < 0 || point.operation < 0)
+    text >> kind >> operation >> point.number >> how >> point.more;
+    const auto find = [](const auto& rows, const auto& isIt) {
+        return static_cast<std::size_t>(std::find_if(rows.begin(), rows.end(), isIt) -
+                                        rows.begin());
+    };
+    const auto at = find(kinds, [&](const auto& row) { return row.name == kind; });
+    point.operation = find(operations(), [&](const auto& row) { return row.name == operation; });
+    if (!text || at == kinds.size() || point.operation == operations().size())
         return false;
-    point.kind = static_cast<Point::Kind>(kindIs);
-    if (point.kind == Point::Kind::fail) {
-        text >> how >> reach;
-        std::vector<std::string> words;
-        for (const auto& error : errors)
-            words.emplace_back(error.name);
-        point.how = indexOf(words, how);
-        point.reach = indexOf(reaches, reach);
-    } else if (point.kind == Point::Kind::power) {
-        text >> how >> point.more;
-        point.how = indexOf(models, how);
-    } else if (point.kind == Point::Kind::damage) {
-        text >> how >> point.more;
-        point.how = indexOf(damages, how);
-    } else if (point.kind == Point::Kind::pair) {
-        text >> point.more;
-    }
-    return text && point.how >= 0 && point.reach >= 0;
+    point.kind = static_cast<Point::Kind>(at);
+    point.how = find(kinds[at].hows, [&](const auto& word) { return word == how; });
+    return point.how < kinds[at].hows.size();
 }
 
 /// The files that the program keeps for itself from one run to the next.
@@ -112,6 +79,8 @@ std::vector<std::pair<std::string, std::string>> ownFiles(const platform::Memory
 std::string damage(platform::MemoryDisk& memory, const Point& point) {
     const auto files = ownFiles(memory);
     if (point.number < 1 || point.number > static_cast<int>(files.size()))
+        return {};
+    if (point.how < 2 && point.more > 1)
         return {};
     auto [path, content] = files[static_cast<std::size_t>(point.number) - 1];
     memory.remove(path);
@@ -138,9 +107,7 @@ class Bench {
             calms_.emplace_back(row);
     }
 
-    const Calm& calm(const Point& point) const {
-        return calms_[static_cast<std::size_t>(point.operation)];
-    }
+    const Calm& calm(const Point& point) const { return calms_[point.operation]; }
 
     /// What is wrong behind a point, empty for nothing. `isThere` tells whether the sessions came
     /// that far.
@@ -148,17 +115,19 @@ class Bench {
         const auto& around = calm(point);
         const auto& row = around.operation;
         const auto memory = around.start->copy();
-        if (point.kind == Point::Kind::damage)
+        if (point.kind == Point::damage)
             return tryDamage(point, memory, isThere);
-        Fault fault{point.number, {}, static_cast<Fault::Reach>(point.reach)};
-        const bool isFailure = point.kind == Point::Kind::fail;
-        if (isFailure)
-            fault.error = std::make_error_code(errors[point.how].kind);
+        Fault fault{point.number, {}};
+        const bool isFailure = point.kind == Point::fail;
+        if (isFailure) {
+            fault.error = std::make_error_code(errors[point.how]);
+            fault.reach = static_cast<Fault::Reach>(point.more % reaches);
+        }
         const auto disturbed = play(memory, row.script, row.answer, fault);
         isThere = disturbed.wasHit;
         if (!isThere)
             return {};
-        if (point.kind == Point::Kind::power)
+        if (point.kind == Point::power)
             losePower(*memory, point.how == 0, point.more);
         if (disturbed.badLine == "boxes without end")
             return disturbed.badLine;
@@ -168,7 +137,7 @@ class Bench {
         if (isFailure && disturbed.badLine.empty())
             if (auto wrong = around.silent(*memory, disturbed); !wrong.empty())
                 return wrong;
-        if (point.kind == Point::Kind::pair) {
+        if (point.kind == Point::pair) {
             isThere = play(memory, "", row.answer, {static_cast<int>(point.more), {}}).wasHit;
             if (auto wrong = around.lost(*memory, {}); !wrong.empty())
                 return "behind the second stop: " + wrong;
@@ -208,45 +177,37 @@ class Bench {
     /// All there are, but for losses of power, of which there are some a change.
     std::vector<Point> all(std::mt19937& random) const {
         std::vector<Point> points;
-        constexpr unsigned mostLines = 24;
-        constexpr int mostFiles = 12;
-        for (int file = 1; file <= mostFiles; ++file)
-            for (int row = 0; row < 2; ++row)
-                for (int how = 0; how < static_cast<int>(std::size(damages)); ++how)
-                    for (unsigned more = 1; more <= (how < 2 ? 1 : mostLines); ++more)
-                        points.push_back({Point::Kind::damage, row, file, how, 0, more});
-        for (int row = 0; row < static_cast<int>(calms_.size()); ++row)
-            for (int number = 1; number <= calms_[static_cast<std::size_t>(row)].session.changes;
-                 ++number) {
-                points.push_back({Point::Kind::stop, row, number});
-                for (int error = 0; error < static_cast<int>(std::size(errors)); ++error)
-                    for (int reach = 0; reach < static_cast<int>(std::size(reaches)); ++reach)
-                        points.push_back({Point::Kind::fail, row, number, error, reach});
-                addLosses(points, row, number, random);
-                for (unsigned second = 1; second <= longestStart; ++second)
-                    points.push_back({Point::Kind::pair, row, number, 0, 0, second});
+        const auto add = [&](Point point, unsigned first, unsigned last) {
+            for (point.how = 0; point.how < kinds[point.kind].hows.size(); ++point.how)
+                for (point.more = first; point.more <= last; ++point.more)
+                    points.push_back(point);
+        };
+        for (std::size_t row = 0; row < calms_.size(); ++row) {
+            for (int number = 1; number <= calms_[row].session.changes; ++number) {
+                add({Point::stop, row, number}, 0, 0);
+                add({Point::fail, row, number}, 0, reaches - 1);
+                add({Point::pair, row, number}, 1, longestStart);
+                const auto seed = static_cast<std::uint32_t>(random() % 1'000'000);
+                add({Point::power, row, number}, seed, seed + 7);
             }
+            for (int file = 1; file <= mostFiles && row < behindLaunches; ++file)
+                add({Point::damage, row, file}, 1, mostLines);
+        }
         return points;
-    }
-
-    static void addLosses(std::vector<Point>& points, int row, int number, std::mt19937& random) {
-        for (int model = 0; model < 2; ++model)
-            for (int i = 0; i < lossesOfAChange; ++i)
-                points.push_back({Point::Kind::power, row, number, model, 0,
-                                  static_cast<std::uint32_t>(random() % 1'000'000)});
     }
 
   private:
     static constexpr unsigned longestStart = 90;
-    static constexpr int lossesOfAChange = 8;
+    static constexpr unsigned mostLines = 24;
+    static constexpr int mostFiles = 12;
+    static constexpr std::size_t behindLaunches = 2; ///< the first rows
 
     std::deque<Calm> calms_;
 };
 
 void tell(const Point& point, const Bench& bench, const std::string& wrong, Report& report) {
     const auto& operation = bench.calm(point).operation;
-    report.found(std::string(kinds[static_cast<int>(point.kind)]) + " " + operation.name + ": " +
-                     wrong,
+    report.found(std::string(kinds[point.kind].name) + " " + operation.name + ": " + wrong,
                  recipeOf(point));
 }
 
@@ -258,13 +219,12 @@ void tryPoints(const Limits& limits, Report& report) {
     auto points = bench.all(random);
     std::erase_if(points, [&](const Point& point) {
         return std::any_of(limits.without.begin(), limits.without.end(), [&](const auto& word) {
-            return word == kinds[static_cast<int>(point.kind)] ||
-                   word == bench.calm(point).operation.name;
+            return word == kinds[point.kind].name || word == bench.calm(point).operation.name;
         });
     });
     std::shuffle(points.begin(), points.end(), random);
     std::stable_partition(points.begin(), points.end(), [](const Point& point) {
-        return point.kind == Point::Kind::stop || point.kind == Point::Kind::damage;
+        return point.kind == Point::stop || point.kind == Point::damage;
     });
     int tried = 0;
     for (std::size_t next = 0; tried < limits.points && next < points.size() &&
@@ -275,17 +235,17 @@ void tryPoints(const Limits& limits, Report& report) {
         const auto wrong = bench.tryPoint(point, isThere);
         if (isThere) {
             ++tried;
-            report.tried(kinds[static_cast<int>(point.kind)]);
+            report.tried(kinds[point.kind].name);
         }
         if (!wrong.empty())
             tell(point, bench, wrong, report);
         // There is no end of losses of power.
         if (next + 1 == points.size())
             for (std::size_t each = 0; each < next; ++each)
-                if (points[each].kind == Point::Kind::power)
-                    points.push_back({Point::Kind::power, points[each].operation,
-                                      points[each].number, points[each].how, 0,
-                                      static_cast<std::uint32_t>(random() % 1'000'000)});
+                if (points[each].kind == Point::power) {
+                    points.push_back(points[each]);
+                    points.back().more = static_cast<std::uint32_t>(random() % 1'000'000);
+                }
     }
 }
 
@@ -297,7 +257,7 @@ bool tryPoint(const std::string& recipe, Report& report) {
     bool isThere = false;
     isTelling = true;
     const auto wrong = bench.tryPoint(point, isThere);
-    report.tried(kinds[static_cast<int>(point.kind)], isThere ? 1 : 0);
+    report.tried(kinds[point.kind].name, isThere ? 1 : 0);
     if (!wrong.empty())
         tell(point, bench, wrong, report);
     return true;

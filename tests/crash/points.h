@@ -20,8 +20,8 @@ struct Limits {
 /// Tries all stops, failures and pairs and many losses of power, in an order by chance.
 void tryPoints(const Limits& limits, Report& report);
 
-/// Tries one, as a recipe has it ("stop apply 17"), and tells what the user saw on the way. False
-/// for one that there is not.
+/// Tries one, as a recipe has it ("stop apply 17 dead 0"), and tells what the user saw on the way.
+/// False for one that there is not.
 bool tryPoint(const std::string& recipe, Report& report);
 
 } // namespace crash

@@ -25,6 +25,19 @@ std::string leafOf(const std::string& path) {
     return path.substr(path.rfind('/') + 1);
 }
 
+/// The texts that were not there in a calm run.
+std::vector<std::string> onlyIn(const std::vector<std::string>& now,
+                                const std::vector<std::string>& calm) {
+    std::multiset<std::string> known(calm.begin(), calm.end());
+    std::vector<std::string> fresh;
+    for (const auto& text : now)
+        if (const auto found = known.find(text); found != known.end())
+            known.erase(found);
+        else
+            fresh.push_back(text);
+    return fresh;
+}
+
 /// The name of the release that a file is of, in quotes; what stands nowhere if it is of none.
 std::string releaseOf(const std::string& path) {
     const auto start = path.find('-');
@@ -188,18 +201,6 @@ const std::vector<Operation>& operations() {
     return rows;
 }
 
-std::vector<std::string> onlyIn(const std::vector<std::string>& now,
-                                const std::vector<std::string>& calm) {
-    std::multiset<std::string> known(calm.begin(), calm.end());
-    std::vector<std::string> fresh;
-    for (const auto& text : now)
-        if (const auto found = known.find(text); found != known.end())
-            known.erase(found);
-        else
-            fresh.push_back(text);
-    return fresh;
-}
-
 Calm::Calm(const Operation& row) : operation(row), start(smallGame()) {
     before = userFiles(*start);
     if (!row.before.empty())
@@ -291,7 +292,8 @@ std::string Calm::silent(const platform::MemoryDisk& memory, const Session& dist
     // answered.
     const bool isTurnedDown = std::any_of(boxes.begin(), boxes.end(), [](const auto& box) {
         return names(box, "VXL-Changes") || names(box, "VXL-Sel") ||
-               names(box, "could not be saved") || names(box, "could not be renamed");
+               names(box, "could not be saved") || names(box, "could not be renamed") ||
+               names(box, "could not be moved back");
     });
     const auto isNamed = [&](const std::string& name) {
         const auto tells = [&](const auto& text) { return names(text, name); };

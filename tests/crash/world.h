@@ -37,10 +37,6 @@ struct Operation {
 
 const std::vector<Operation>& operations();
 
-/// The texts of `now` that were not there in a calm run.
-std::vector<std::string> onlyIn(const std::vector<std::string>& now,
-                                const std::vector<std::string>& calm);
-
 /// What the oracle knows of an operation: the directory before it, and a calm run.
 struct Calm {
     explicit Calm(const Operation& operation);
