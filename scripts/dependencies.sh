@@ -18,4 +18,5 @@ need() {
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgl-dev libutf8proc-dev
     libdeflate-dev libarchive-dev zlib1g-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev)
-test_packages=(clang-format jq fonts-dejavu-core xvfb xauth dbus at-spi2-core python3-pyatspi)
+test_packages=(clang-format jq fonts-dejavu-core xvfb xauth dbus at-spi2-core python3-pyatspi
+    strace)

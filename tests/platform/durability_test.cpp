@@ -373,5 +373,42 @@ TEST(Durability, parts_of_dead_processes_go_and_those_of_the_living_stay) {
                                       {"units/" + own, "part"}}));
 }
 
+/// Every lawful rest of a swap that was not synced; both files have one name at any rate.
+TEST(Durability, the_disk_in_memory_loses_changes_of_names_whole) {
+    for (const bool inOrder : {true, false}) {
+        std::set<std::string> seen;
+        for (unsigned arrived = 0; arrived < 16; ++arrived) {
+            Machine machine;
+            machine.memory->put("/game/a", "A");
+            machine.memory->put("/game/sub/b", "B");
+            const auto disk = machine.disk();
+            EXPECT_TRUE(disk->moveEntry("/game\\a", "/game\\made\\a"));
+            EXPECT_TRUE(disk->moveEntry("/game\\sub\\b", "/game\\a"));
+            disk->writeFile("/game\\made\\new", "not synced");
+            const auto memory = machine.memory->copy();
+            unsigned asked = 0;
+            memory->losePower({[&] { return (arrived >> asked++ & 1U) != 0; }, inOrder,
+                               [](const auto& synced, const auto& /*written*/) { return synced; }});
+            std::string rest;
+            for (const auto& [path, content] : memory->files("/game"))
+                rest += path == "totala.exe" ? "" : path + "=" + content + " ";
+            seen.insert(rest);
+            EXPECT_EQ(machine.files().size(), 4U) << "the copy is a disk of its own";
+        }
+        EXPECT_THAT(seen, testing::IsSupersetOf({"a=A sub/b=B ", "made/a=A sub/b=B ",
+                                                 "a=B made/a=A ", "a=B made/a=A made/new= "}));
+    }
+}
+
+TEST(Durability, what_the_disk_in_memory_has_synced_stays) {
+    Machine machine;
+    const auto disk = machine.disk();
+    disk->replaceFile("/game\\journal", "new");
+    disk->writeFile("/game\\other file", "new");
+    machine.memory->losePower(
+        {[] { return false; }, true, [](const auto& synced, const auto&) { return synced; }});
+    EXPECT_EQ(machine.files(), (Files{{"journal", "new"}, {"totala.exe", "the game"}}));
+}
+
 } // namespace
 } // namespace platform

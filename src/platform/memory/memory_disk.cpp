@@ -111,6 +111,7 @@ RawDisk::Error MemoryDisk::createFile(RawFolder& in, const std::string& name, st
     constexpr std::uint32_t umask = 022;
     node->entry.mode = mode & ~umask;
     add(nodeOf(in), name, node);
+    unsynced_.push_back({node, nullptr, {}, pointerOf(in), name, nullptr});
     file = std::make_unique<MemoryFile>(node);
     return {};
 }
@@ -180,11 +181,16 @@ RawDisk::Error MemoryDisk::sync(RawFile& file) {
 RawDisk::Error MemoryDisk::sync(RawFolder& folder) {
     ++calls_["sync"];
     nodeOf(folder).syncedEntries = nodeOf(folder).entries;
+    noteNamesSynced(pointerOf(folder));
     return {};
 }
 
 RawDisk::Error MemoryDisk::syncAll(RawFolder& folder) {
     syncTree(nodeOf(folder));
+    const auto device = nodeOf(folder).entry.identity.device;
+    std::erase_if(unsynced_, [device](const auto& change) {
+        return (change.to ? change.to : change.from)->entry.identity.device == device;
+    });
     return {};
 }
 

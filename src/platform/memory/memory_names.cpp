@@ -60,11 +60,13 @@ RawDisk::Error MemoryDisk::rename(RawFolder& from, const std::string& name, RawF
     }
     if (((source.entry.mode & target.entry.mode) & writable) == 0)
         return errorOf(std::errc::permission_denied);
+    const auto replaced = isTaken ? taken->second : nullptr;
     if (isTaken)
         take(target, taken);
     if (const auto old = named(source, name); old != source.entries.end())
         take(source, old);
     add(target, newName, node);
+    unsynced_.push_back({node, pointerOf(from), name, pointerOf(to), newName, replaced});
     return {};
 }
 
@@ -93,6 +95,7 @@ RawDisk::Error MemoryDisk::hardLink(RawFolder& from, const std::string& name, Ra
         return error;
     ++node->entry.names;
     add(nodeOf(to), newName, node);
+    unsynced_.push_back({node, nullptr, {}, pointerOf(to), newName, nullptr});
     return {};
 }
 
@@ -113,6 +116,7 @@ RawDisk::Error MemoryDisk::makeLink(RawFolder& in, const std::string& name,
     const auto node = newNode(RawKind::link, nodeOf(in).entry.identity.device);
     node->content = node->syncedContent = target;
     add(nodeOf(in), name, node);
+    unsynced_.push_back({node, nullptr, {}, pointerOf(in), name, nullptr});
     return {};
 }
 
@@ -126,13 +130,16 @@ RawDisk::Error MemoryDisk::unlink(RawFolder& in, const std::string& name) {
         return errorOf(std::errc::permission_denied);
     --node->entry.names;
     take(nodeOf(in), named(nodeOf(in), name));
+    unsynced_.push_back({node, pointerOf(in), name, nullptr, {}, nullptr});
     return {};
 }
 
 RawDisk::Error MemoryDisk::makeFolder(RawFolder& in, const std::string& name) {
     if (const auto error = freeIn(in, name))
         return error;
-    add(nodeOf(in), name, newNode(RawKind::folder, nodeOf(in).entry.identity.device));
+    const auto node = newNode(RawKind::folder, nodeOf(in).entry.identity.device);
+    add(nodeOf(in), name, node);
+    unsynced_.push_back({node, nullptr, {}, pointerOf(in), name, nullptr});
     return {};
 }
 
@@ -149,6 +156,7 @@ RawDisk::Error MemoryDisk::removeFolder(RawFolder& in, const std::string& name) 
     if ((nodeOf(in).entry.mode & writable) == 0)
         return errorOf(std::errc::permission_denied);
     take(nodeOf(in), named(nodeOf(in), name));
+    unsynced_.push_back({node, pointerOf(in), name, nullptr, {}, nullptr});
     return {};
 }
 

@@ -38,6 +38,10 @@ inline MemoryDisk::Node& nodeOf(RawFile& file) {
     return *static_cast<MemoryFile&>(file).node;
 }
 
+inline const MemoryDisk::NodePtr& pointerOf(RawFolder& folder) {
+    return static_cast<MemoryFolder&>(folder).node;
+}
+
 inline RawEntry told(const MemoryDisk::Node& node) {
     auto entry = node.entry;
     entry.size = node.content.size();

@@ -127,6 +127,7 @@ int MemoryDisk::calls(const std::string& name) const {
 
 void MemoryDisk::losePower(const std::set<std::uint64_t>& disksWithAllNames) {
     revert(*root_, disksWithAllNames);
+    unsynced_.clear();
 }
 
 void MemoryDisk::revert(Node& node, const std::set<std::uint64_t>& disksWithAllNames) {

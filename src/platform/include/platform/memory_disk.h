@@ -1,12 +1,14 @@
 // A disk in memory: fast, the same at every run, and it knows what a power cut would leave of it.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/raw_disk.h"
 
@@ -17,6 +19,17 @@ struct MemoryDiskKind {
     bool ignoresCase = false;
     bool refusesToReplace = true; ///< renames that never replace
     bool hasHardLinks = true;
+};
+
+/// What of the changes that were not synced a power cut leaves.
+struct PowerLoss {
+    /// Asked of each change of names, the oldest first, whether it has arrived. One that stands on
+    /// another that has not is not asked about and has not either.
+    std::function<bool()> nameArrives;
+    /// Whether the changes of one folder arrive one after the other.
+    bool inOrder = true;
+    /// What is left of a file, of what was synced and what it held.
+    std::function<std::string(const std::string& synced, const std::string& written)> content;
 };
 
 /// Paths of the calls beside those of the raw disk are absolute, with "/".
@@ -45,6 +58,13 @@ class MemoryDisk final : public RawDisk {
     /// The power goes: file contents are those last synced, empty for none. Names are those last
     /// synced, but on some disks all the changes of names had arrived.
     void losePower(const std::set<std::uint64_t>& disksWithAllNames);
+
+    /// The same by a finer model: a change of names has arrived whole or not at all, so no rename
+    /// leaves an entry with two names or none.
+    void losePower(const PowerLoss& loss);
+
+    /// A disk of its own that holds the same, identities, times and what is not synced included.
+    std::shared_ptr<MemoryDisk> copy() const;
 
     /// How often each call was made.
     int calls(const std::string& name) const;
@@ -87,6 +107,24 @@ class MemoryDisk final : public RawDisk {
   private:
     using Entries = std::map<std::string, NodePtr>;
 
+    /// A change of names that is not synced: an entry that came (no `from`), went (no `to`) or did
+    /// both.
+    struct NameChange {
+        NodePtr node;
+        NodePtr from;
+        std::string name;
+        NodePtr to;
+        std::string newName;
+        NodePtr replaced;
+
+        bool touches(const NodePtr& folder) const { return from == folder || to == folder; }
+        bool touches(const NodePtr& folder, const std::string& entry) const {
+            return (from == folder && name == entry) || (to == folder && newName == entry);
+        }
+        bool standsOn(const NameChange& earlier, bool inOrder) const;
+        void takeBack() const;
+    };
+
     NodePtr find(std::string_view path) const;
     NodePtr folderFor(std::string_view path, std::string& leaf);
     NodePtr newNode(RawKind kind, std::uint64_t device);
@@ -100,6 +138,7 @@ class MemoryDisk final : public RawDisk {
     Error rename(RawFolder& from, const std::string& name, RawFolder& to,
                  const std::string& newName, bool mayReplace);
     void syncTree(Node& node);
+    void noteNamesSynced(const NodePtr& folder);
     void revert(Node& node, const std::set<std::uint64_t>& disksWithAllNames);
 
     MemoryDiskKind kind_;
@@ -111,6 +150,7 @@ class MemoryDisk final : public RawDisk {
 
     FileTime time_ = 1'000'000'000'000'000'000;
     std::map<std::string, int> calls_;
+    std::vector<NameChange> unsynced_;
 };
 
 } // namespace platform
