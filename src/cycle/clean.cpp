@@ -42,21 +42,33 @@ void cleanGameDirectory(releases::GameDirectory& game, std::string_view programN
     const auto move = [&](const std::string& name) {
         game.MoveFile(game.at(name), cleaned + "\\" + name);
     };
+    std::vector<std::string> left;
     releases::StringArray names;
     game.fileArray(names, game.TADir());
     for (const auto& name : names.entries()) {
         game.log().breathe();
-        if (!stays(name) && !platform::equalIgnoringCase(name, programName) &&
-            !unfinished.isPending(name))
+        if (stays(name) || platform::equalIgnoringCase(name, programName))
+            continue;
+        if (unfinished.isPending(name))
+            left.push_back(name);
+        else
             move(name);
     }
     game.folderArray(names, game.TADir());
     for (const auto& name : names.entries()) {
         game.log().breathe();
-        if (!platform::equalIgnoringCase(name, releases::dataTree) &&
-            !platform::equalIgnoringCase(name, cleanedFiles) && !unfinished.touches(name))
+        if (platform::equalIgnoringCase(name, releases::dataTree) ||
+            platform::equalIgnoringCase(name, cleanedFiles))
+            continue;
+        if (unfinished.touches(name))
+            left.push_back(name);
+        else
             move(name);
     }
+    if (!left.empty())
+        game.questions().tell("These stay, because files of releases that could not be moved back "
+                              "yet lie there:\r\n\r\n" +
+                              platform::shownList(left));
 }
 
 } // namespace cycle

@@ -92,18 +92,14 @@ class Removal {
     }
 
     void tell() {
-        std::string list;
-        constexpr std::size_t mostShown = 20;
-        for (std::size_t i = 0; i < stayed_.size(); ++i) {
-            const auto path = platform::shownPath(stayed_[i]);
-            game_.log().line("\"" + path + "\" is not the Trellis' and stays");
-            if (i < mostShown)
-                list += path + "\r\n";
+        std::vector<std::string> names;
+        for (const auto& path : stayed_) {
+            names.push_back(platform::shownPath(path));
+            game_.log().line("\"" + names.back() + "\" is not the Trellis' and stays");
         }
-        if (stayed_.size() > mostShown)
-            list += "...\r\n";
         game_.questions().ask(
-            {"These files are not what the Trellis made, so they stay:\r\n\r\n" + list +
+            {"These files are not what the Trellis made, so they stay:\r\n\r\n" +
+                 platform::shownList(names) +
                  "\r\nThe Trellis cannot be used while these folders are there. Please move the "
                  "files to a place of yours if you want to use it.",
              {"OK"},

@@ -67,6 +67,14 @@ bool modTrlx::enableTrlx() {
     return true;
 }
 
+void modTrlx::copyStock(const std::string& name, const std::string& path) {
+    try {
+        game_.disk().copyFile(name, path);
+    } catch (const platform::Failure& failure) {
+        failures_.push_back(platform::shownPath(path) + ": " + failure.reason());
+    }
+}
+
 void modTrlx::note(const std::string& path) {
     if (noted_.insert(platform::foldCase(path)).second)
         notes_.files.push_back(path);
@@ -178,7 +186,7 @@ void modTrlx::readGuiPages() {
                 reader.readLine(line);
             }
         if (reader.hasButtons())
-            game_.CopyFile(stockFile("BUILDM.GUI"), file.path);
+            copyStock(stockFile("BUILDM.GUI"), file.path);
         else
             game_.DeleteFile(file.path, true);
     }
@@ -201,12 +209,17 @@ void modTrlx::readDownloads() {
 /// in its place, unless it has been written over.
 void modTrlx::putOutOfAction() {
     for (const auto& [key, file] : downloads_)
-        game_.CopyFile(game_.inDataTree("VXL-Trlx\\dlKILL.TDF"), file.path);
+        copyStock(game_.inDataTree("VXL-Trlx\\dlKILL.TDF"), file.path);
     downloads_.clear();
 }
 
 void modTrlx::writeMenuList(const std::string& fileName) {
-    game_.disk().writeFile(game_.inDataTree(fileName), formats::menuListText(menus_.menus()));
+    const auto path = game_.inDataTree(fileName);
+    try {
+        game_.disk().writeFile(path, formats::menuListText(menus_.menus()));
+    } catch (const platform::Failure& failure) {
+        failures_.push_back(platform::shownPath(path) + ": " + failure.reason());
+    }
 }
 
 void modTrlx::writeDownloads() {
@@ -240,7 +253,7 @@ void modTrlx::copyDataFiles() {
     showStage("Copying Data Files");
     platform::attempt([&] { game_.disk().makeFolder(game_.at("anims")); });
     for (const auto& copy : stockCopies)
-        game_.CopyFile(stockFile(copy.from), game_.at(copy.to));
+        copyStock(stockFile(copy.from), game_.at(copy.to));
 }
 
 /// Most stock files come in two sizes.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <span>
 
 #include <utf8proc.h>
 
@@ -180,6 +181,14 @@ std::vector<std::string> splitLines(std::string_view bytes) {
         bytes.remove_prefix(end + (pair ? 2 : 1));
     }
     return lines;
+}
+
+std::string shownList(const std::vector<std::string>& names) {
+    constexpr std::size_t most = 20;
+    auto text = joinLines(std::span(names).first(std::min(most, names.size())));
+    if (names.size() > most)
+        text.append("...").append(lineBreak);
+    return text;
 }
 
 std::string inOneLine(std::string_view text) {

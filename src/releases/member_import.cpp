@@ -3,7 +3,6 @@
 #include "releases/member_import.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -86,9 +85,15 @@ void MemberImport::commit(platform::WriteBatch& files) {
         files.commit();
         disk_.flush();
     } catch (const platform::Failure& failure) {
-        // Nobody knows which of them are there.
-        result_.leftOut += std::exchange(result_.copied, 0);
-        questions_.tell(couldNotBeCopied(folder_, failure.reason()), &failures_);
+        bool isAnyMissing = false;
+        for (const auto& [folded, path] : written_)
+            if (disk_.kindOf(folder_ + "\\" + path) == platform::EntryKind::none) {
+                isAnyMissing = true;
+                --result_.copied;
+                tellOfFailure(path, failure.reason());
+            }
+        if (!isAnyMissing)
+            tellOfFailure(folder_, failure.reason());
     }
 }
 
@@ -209,6 +214,7 @@ bool MemberImport::mayWrite(const std::string& path) {
                                {"No", "Yes"}},
                               &replacements_) == 1;
     default:
+        ++result_.failed;
         questions_.tell(couldNotBeCopied(path, "A directory of that name is there."), &failures_);
         return false;
     }
@@ -226,7 +232,7 @@ void MemberImport::write(const std::string& path,
         if (const auto cut = path.rfind('\\'); cut != std::string::npos)
             makeFolders(path.substr(0, cut));
         step(folder_ + "\\" + path);
-        written_.insert(platform::foldCase(path));
+        written_.emplace(platform::foldCase(path), path);
         ++result_.copied;
     } catch (const platform::Failure& failure) {
         tellOfFailure(path, failure.reason());
@@ -242,6 +248,7 @@ void MemberImport::advance(std::uint64_t bytes) {
 
 void MemberImport::tellOfFailure(const std::string& file, const std::string& reason) {
     ++result_.leftOut;
+    ++result_.failed;
     questions_.tell(couldNotBeCopied(file, reason), &failures_);
 }
 

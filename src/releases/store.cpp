@@ -131,13 +131,13 @@ std::string Store::rename(ReleaseType type, std::string_view oldName,
     return {};
 }
 
-std::string Store::remove(ReleaseType type, std::string_view displayName) const {
-    std::string reason;
-    const auto step = [&reason](auto&& work) {
+Store::Removal Store::remove(ReleaseType type, std::string_view displayName) const {
+    Removal removal;
+    const auto step = [&removal](auto&& work) {
         try {
             work();
         } catch (const platform::Failure& failure) {
-            reason = failure.what();
+            removal.reason = failure.what();
         }
     };
     StringArray files;
@@ -146,6 +146,7 @@ std::string Store::remove(ReleaseType type, std::string_view displayName) const 
         // What no listing shows would keep the release alive.
         if (game_.DoesFolderExist(folder))
             step([&] { game_.disk().removeTree(folder); });
+        addFilesOf(folder, removal.left);
     } else {
         const auto file = looseFolderOf(type) + "\\" + folderForm(displayName);
         const auto companion = companionOf(type, folderForm(displayName));
@@ -155,10 +156,22 @@ std::string Store::remove(ReleaseType type, std::string_view displayName) const 
             game_.DeleteFile(*path, true);
             if (game_.DoesFileExist(*path))
                 step([&] { game_.disk().removeFile(*path); });
+            if (game_.DoesFileExist(*path))
+                removal.left.push_back(*path);
         }
     }
     step([&] { game_.disk().flush(); });
-    return reason;
+    return removal;
+}
+
+void Store::addFilesOf(const std::string& folder, std::vector<std::string>& files) const {
+    const auto names = game_.list(folder);
+    if (!names)
+        return;
+    for (const auto& file : names->files)
+        files.push_back(folder + "\\" + file);
+    for (const auto& name : names->folders)
+        addFilesOf(folder + "\\" + name, files);
 }
 
 } // namespace releases

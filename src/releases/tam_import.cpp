@@ -3,6 +3,7 @@
 
 #include "platform/failure.h"
 #include "platform/relative_path.h"
+#include "platform/text.h"
 #include "platform/write_batch.h"
 #include "releases/release_types.h"
 
@@ -25,26 +26,48 @@ bool TamImport::convert(formats::TamType type, const std::string& path,
     dataFolder_ = path.substr(0, cut);
     platform::WriteBatch files(game_.disk());
     bool isConverted = true;
-    const auto step = [&](auto&& work) {
-        if (platform::attempt(work))
-            return;
-        game_.questions().tell(std::string(formats::somethingBad));
-        isConverted = false;
-    };
-    step([&] {
+    try {
         const auto data = type == formats::TamType::ufo ? "" : game_.disk().readFile(path);
-        for (const auto& each : formats::convertTam(type, path.substr(cut + 1), data, shortType)) {
+        for (const auto& step : formats::convertTam(type, path.substr(cut + 1), data, shortType)) {
             game_.log().breathe();
-            if (isConverted = carryOut(each); !isConverted)
-                return;
+            if (isConverted = carryOut(step); !isConverted)
+                break;
         }
-    });
+    } catch (const platform::Failure& failure) {
+        game_.questions().ask({std::string(formats::somethingBad), {"OK"}, 0, failure.what()});
+        isConverted = false;
+    }
     // What was copied until then stays.
-    step([&] {
+    return commit(files) && isConverted;
+}
+
+/// Behind it all that was added is there to stay. Tells of what is not.
+bool TamImport::commit(platform::WriteBatch& files) {
+    bool isThere = true;
+    try {
         files.commit();
         game_.disk().flush();
-    });
-    return isConverted;
+    } catch (const platform::Failure& failure) {
+        reason_ = failure.what();
+        isThere = false;
+    }
+    std::vector<std::string> missing;
+    for (auto& added : added_) {
+        if (added.note.empty() && !game_.DoesFileExist(game_.at(plainPath(added.file.substr(1)))))
+            added.note = "could not be copied";
+        if (added.note == "could not be copied" || !isThere)
+            missing.push_back(platform::shownPath(added.file.substr(1)));
+    }
+    if (!missing.empty())
+        game_.questions().ask(
+            {"These files of the release could not be saved:\r\n\r\n" +
+                 platform::shownList(missing) +
+                 "\r\nPlease make room on the disk or allow writing there, remove "
+                 "the release and add it once more.",
+             {"OK"},
+             0,
+             reason_});
+    return isThere;
 }
 
 /// False where the conversion has failed and the user has been told.
@@ -58,8 +81,10 @@ bool TamImport::carryOut(const formats::TamStep& step) {
     case Kind::makeFolder:
         return makeReleaseFolder(step.text);
     case Kind::write:
-        game_.disk().writeFile(game_.at(releaseFolder_ + "\\" + step.to), step.text);
-        added_.push_back({"\\" + releaseFolder_ + "\\" + step.to, {}});
+        add(step.to, "could not be copied", [&] {
+            game_.disk().writePieces(game_.at(releaseFolder_ + "\\" + step.to),
+                                     [&](const platform::PieceSink& sink) { sink(step.text); });
+        });
         return true;
     default:
         copyMember(step);
@@ -86,8 +111,22 @@ void TamImport::copyMember(const formats::TamStep& step) {
     if (!isThere && step.kind == formats::TamStep::Kind::copyIfThere)
         return;
     const auto to = game_.at(releaseFolder_ + "\\" + plainPath(step.to));
-    const char* failed = game_.CopyFile(from, to) ? "" : "could not be copied";
-    added_.push_back({"\\" + releaseFolder_ + "\\" + step.to, isThere ? failed : "not found"});
+    add(step.to, isThere ? "could not be copied" : "not found", [&] {
+        game_.disk().copyFile(from, to, [this](std::uint64_t /*bytes*/) { game_.log().breathe(); });
+    });
+}
+
+/// Makes a file of the release; `note` is for one that cannot be made.
+void TamImport::add(const std::string& name, const std::string& note,
+                    const std::function<void()>& make) {
+    Added added{"\\" + releaseFolder_ + "\\" + name, {}};
+    try {
+        make();
+    } catch (const platform::Failure& failure) {
+        added.note = note;
+        reason_ = failure.reason();
+    }
+    added_.push_back(std::move(added));
 }
 
 } // namespace releases

@@ -5,6 +5,7 @@
 #include "formats/display_name.h"
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "platform/write_batch.h"
 #include "releases/member_import.h"
 #include "releases/release_types.h"
 #include "windows/frmMain.h"
@@ -156,7 +157,8 @@ void frmAdd::copyMembers(const std::vector<std::string>& paths) {
         toolkit_.doEvents();
         return !stops();
     });
-    const auto [copied, leftOut] = import.copy(paths);
+    const auto [copied, leftOut, failed] = import.copy(paths);
+    notCopied_ += failed;
     bar2Files.setVisible(false);
     lbl2Files.setText(std::to_string(copied) + (copied == 1 ? " file" : " files") + " copied" +
                       (leftOut > 0 ? ", " + std::to_string(leftOut) + " not" : "") +
@@ -218,9 +220,11 @@ void frmAdd::cmd3next_Click() {
              problem});
         return;
     }
-    main_.game().questions().tell(
-        release + " has been added successfully!\r\n\r\nIt will be available next time you run "
-                  "Vexillum");
+    const auto* outcome = notCopied_ == 0
+                              ? " has been added successfully!"
+                              : " has been added without the files that could not be copied.";
+    main_.game().questions().tell(release + outcome +
+                                  "\r\n\r\nIt will be available next time you run Vexillum");
     closeWindow();
 }
 
@@ -229,9 +233,11 @@ void frmAdd::cmd3next_Click() {
 std::string frmAdd::saveTexts() {
     try {
         saveCCodes();
+        platform::WriteBatch files(disk_);
         const auto readme = txt3ReadMe.text();
         if (!readme.empty() && readme != alreadyThere)
             disk_.copyFile(readme, releaseFolder_ + "\\readme.txt");
+        files.commit();
         disk_.flush();
     } catch (const platform::Failure& failure) {
         return failure.what();

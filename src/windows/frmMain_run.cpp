@@ -113,7 +113,19 @@ bool frmMain::moveFiles() {
     const auto modifier = [&] {
         menumod::modTrlx trellis(game_, {selection_.modifier.compress, selection_.modifier.small});
         // Where a stage fails the setting stays, so that the next reset removes what was made.
-        platform::attempt([&] { selection_.modifier.enabled = trellis.enableTrlx(); });
+        std::vector<std::string> thrown;
+        try {
+            selection_.modifier.enabled = trellis.enableTrlx();
+        } catch (const platform::Failure& failure) {
+            thrown.emplace_back(failure.what());
+        }
+        auto failures = trellis.failures();
+        failures.insert(failures.end(), thrown.begin(), thrown.end());
+        if (!failures.empty())
+            problem = "The Trellis could not make all of its files, so build menus may be "
+                      "wrong:\r\n\r\n" +
+                      platform::shownList(failures) +
+                      "\r\nPlease make room on the disk or allow writing to the game directory.";
         if (const auto& unit = trellis.unitLeadingOut())
             problem = "The download file of the unit \"" + *unit +
                       "\" could not be opened, because its name leads out of the folder.";

@@ -31,6 +31,9 @@ class modTrlx {
     /// failed.
     const std::optional<std::string>& unitLeadingOut() const { return unitLeadingOut_; }
 
+    /// The files that could not be made, each with its reason. The pipeline goes on without them.
+    const std::vector<std::string>& failures() const { return failures_; }
+
   private:
     /// A file of `guis` or `download` that has been extracted, or is to be written. Most of them
     /// are read once and then replaced, so their content is held in memory and only what is to stay
@@ -42,6 +45,7 @@ class modTrlx {
     /// By folded name, which is the order of a listing.
     using ExtractedFiles = std::map<std::string, Extracted>;
 
+    void copyStock(const std::string& name, const std::string& path);
     void note(const std::string& path);
     void writeNotes();
     void noteWhatIsExtracted();
@@ -66,6 +70,7 @@ class modTrlx {
     ExtractedFiles pages_;
     ExtractedFiles downloads_;
     std::size_t held_ = 0;
+    std::vector<std::string> failures_;
     formats::TrellisNotes notes_;
     std::set<std::string> noted_; ///< folded
     std::optional<std::string> unitLeadingOut_;

@@ -44,6 +44,9 @@ std::string joinLines(const Lines& lines) {
     return text;
 }
 
+/// Names for a message, a line each, with a limit to what a person would read.
+std::string shownList(const std::vector<std::string>& names);
+
 /// A message as one line of a log: line breaks and blank lines become a blank.
 std::string inOneLine(std::string_view text);
 

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <set>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -54,7 +54,8 @@ class MemberImport {
     /// Numbers of files; an archive that cannot be read counts as one.
     struct Result {
         int copied = 0;
-        int leftOut = 0;
+        int leftOut = 0; ///< all that was not copied
+        int failed = 0;  ///< those of them that the user did not decline
     };
 
     /// Into a release's folder, by its absolute path.
@@ -92,7 +93,7 @@ class MemberImport {
     OnProgress onProgress_;
     std::vector<Source> sources_;
     platform::MessageRow replacements_ = platform::MessageRow::withoutLog();
-    std::set<std::string> written_; ///< folded
+    std::map<std::string, std::string> written_; ///< by their folded paths
     platform::MessageRow failures_ = platform::MessageRow::withoutLog();
     std::string current_;
     std::uint64_t all_ = 0;

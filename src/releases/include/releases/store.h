@@ -56,12 +56,16 @@ class Store {
     /// people, or nothing. A loose file cannot be renamed.
     std::string rename(ReleaseType type, std::string_view oldName, std::string_view newName) const;
 
+    struct Removal {
+        std::string reason;            ///< why not all of it is gone for good; empty where it is
+        std::vector<std::string> left; ///< the files that are still there, by their paths
+    };
     /// Removes a release with its folder, or a loose file with the text beside it. Goes on behind
-    /// a failure; what could not be removed is there at the next start. Returns why it is still
-    /// there, or may be, or nothing.
-    std::string remove(ReleaseType type, std::string_view displayName) const;
+    /// a failure; what could not be removed is there at the next start.
+    Removal remove(ReleaseType type, std::string_view displayName) const;
 
   private:
+    void addFilesOf(const std::string& folder, std::vector<std::string>& files) const;
     std::string looseFolderOf(ReleaseType type) const;
     std::vector<std::string> looseFiles(ReleaseType type) const;
     std::optional<std::string> companionOf(ReleaseType type, std::string_view file) const;

@@ -2,10 +2,12 @@
 // where it is.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "formats/tam_release.h"
+#include "platform/write_batch.h"
 #include "releases/game_directory.h"
 
 namespace releases {
@@ -31,7 +33,9 @@ class TamImport {
 
   private:
     bool carryOut(const formats::TamStep& step);
+    bool commit(platform::WriteBatch& files);
     bool makeReleaseFolder(const std::string& name);
+    void add(const std::string& name, const std::string& note, const std::function<void()>& make);
     void copyMember(const formats::TamStep& step);
 
     GameDirectory& game_;
@@ -39,6 +43,7 @@ class TamImport {
     std::string dataFolder_;
     std::string releaseFolder_; ///< below the game directory
     std::vector<Added> added_;
+    std::string reason_; ///< of the last file that could not be copied
 };
 
 } // namespace releases

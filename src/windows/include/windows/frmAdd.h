@@ -70,6 +70,7 @@ class frmAdd : public Window {
     void cmd3Browse_Click();
     void cmd3next_Click();
     void loadCCodes();
+    int notCopied_ = 0;
     std::string saveTexts();
     void saveCCodes();
     bool saveAboutText();
