@@ -105,6 +105,7 @@ void Life::remove(const std::string& path) {
 }
 
 void Life::rename(const std::string& path, const std::string& newPath) {
+    settle();
     const auto content = memory_->content(at(path)).value();
     memory_->remove(at(path));
     memory_->put(at(newPath), content);

@@ -23,7 +23,9 @@ void MemoryDisk::NameChange::takeBack() const {
         to->entries[newName] = replaced;
     if (from)
         from->entries[name] = node;
-    if (!from || !to)
+    if (from && to)
+        node->entry.changed = changed;
+    else
         node->entry.names += from ? 1 : -1;
 }
 

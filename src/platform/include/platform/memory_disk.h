@@ -116,6 +116,7 @@ class MemoryDisk final : public RawDisk {
         NodePtr to;
         std::string newName;
         NodePtr replaced;
+        FileTime changed = 0; ///< of the entry, before; for a rename
 
         bool touches(const NodePtr& folder) const { return from == folder || to == folder; }
         bool touches(const NodePtr& folder, const std::string& entry) const {
