@@ -110,8 +110,12 @@ bool carryOut(releases::GameDirectory& game, const Journal& journal, Unfinished&
     auto state = formats::stateOf(text, State::Stage::applied);
     state.failedMoves = move(game, journal);
     state.isCarriedOut = true;
-    // Without it the next reset looks closer at each move.
-    platform::attempt([&] { game.disk().replaceFile(stateFile(game), formats::stateText(state)); });
+    // It must not be on the disk ahead of the moves. Without it the next reset looks closer at
+    // each.
+    platform::attempt([&] {
+        game.disk().flush();
+        game.disk().replaceFile(stateFile(game), formats::stateText(state));
+    });
     if (modifier)
         modifier();
     log.stage("Done");

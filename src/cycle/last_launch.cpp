@@ -78,6 +78,7 @@ LastLaunch readLastLaunch(const releases::GameDirectory& game) {
     const auto text = readText(game, pendingFile(game));
     auto read = formats::readPending(text.bytes);
     last.pending = std::move(read.pending);
+    last.pendingNotedAt = game.disk().factsOf(pendingFile(game)).changed;
     if (!read.isWhole)
         last.damagedPending = {pendingFile(game), text.reason};
     return last;

@@ -8,8 +8,10 @@
 
 #include "cycle/change_files.h"
 #include "formats/state.h"
+#include "left_overs.h"
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "trellis_removal.h"
 #include "undo_move.h"
 
 namespace cycle {
@@ -70,6 +72,8 @@ Unfinished undo(releases::GameDirectory& game, const LastLaunch& last, bool modi
     log.stage("Unmoving Files...");
     if (last.wasRecovered)
         log.line("The journal was missing or damaged and is read out of its twin \"Human.txt\"");
+    // They would keep folders from going.
+    removeLeftOvers(game);
     game.beginMoves();
     std::vector<Journal::Move> left;
     UndoMove moves(game, last);
@@ -89,9 +93,7 @@ Unfinished undo(releases::GameDirectory& game, const LastLaunch& last, bool modi
         removeFolders(game, last.journal.folders);
     removeFolders(game, last.pending.folders);
     log.stage("Removing Trellis Data Files...");
-    if (modifierWasOn)
-        for (const auto* folder : {"anims", "download", "guis"})
-            game.totallyKillFolder(game.at(folder), true);
+    removeModifierOutput(game, modifierWasOn);
     auto pending = collect(left, last);
     bool isNoted = true;
     if (hasToNote(last, pending))

@@ -108,18 +108,18 @@ bool UndoMove::settleBoth(const Move& move, const platform::EntryFacts& file) {
     }
     game_.tellOfFailedMove(from_, to_);
     // Only what is surely the release's, or waits to come back, may be tried once more.
-    return !isPending_ && !isGames(move) && !isUntouched(file);
+    return !isGames(move) && !isUntouched(file);
 }
 
 /// Whether the file at a move's destination is taken to have come there by that move.
 bool UndoMove::isOurs(const Move& move, const platform::EntryFacts& file) {
-    if (isPending_ || isGames(move) || isUntouched(file))
+    if (isGames(move) || isUntouched(file))
         return true;
     // A file of the game that makes room does so ahead of the release's file that comes there, and
     // comes back behind it.
     if (const auto* waiting = waitingPlace(move))
         return game_.DoesFileExist(game_.at(*waiting));
-    return last_.trust == Trust::interrupted ||
+    return (!isPending_ && last_.trust == Trust::interrupted) ||
            isThere(std::string_view(to_).substr(0, to_.rfind('\\')));
 }
 
@@ -127,25 +127,31 @@ bool UndoMove::isOurs(const Move& move, const platform::EntryFacts& file) {
 /// that could not leave the place of the game's may be equal to it, and is no copy.
 bool UndoMove::isCopy(const Move& move) {
     bool isSame = false;
-    if (last_.trust != Trust::unknown && !occupied_.contains(platform::foldCase(move.source)))
+    if ((isPending_ || last_.trust != Trust::unknown) &&
+        !occupied_.contains(platform::foldCase(move.source)))
         platform::attempt([&] { isSame = game_.disk().holdSame(from_, to_); });
     return isSame;
 }
 
 /// Nobody has laid a hand on the file since the last move.
 bool UndoMove::isUntouched(const platform::EntryFacts& file) const {
-    return !isPending_ && last_.carriedOutAt != 0 && file.changed != 0 &&
-           file.changed <= last_.carriedOutAt;
+    return knownSince() != 0 && file.changed != 0 && file.changed <= knownSince();
 }
 
 bool UndoMove::isTouched(const platform::EntryFacts& file) const {
-    return !isPending_ && last_.carriedOutAt != 0 && file.changed > last_.carriedOutAt;
+    return knownSince() != 0 && file.changed > knownSince();
+}
+
+/// When the disk was told that the file at the destination is the one that was moved there.
+std::int64_t UndoMove::knownSince() const {
+    return isPending_ ? last_.pendingNotedAt : last_.carriedOutAt;
 }
 
 const std::string* UndoMove::waitingPlace(const Move& move) {
     if (displaced_.empty())
-        for (const auto& each : last_.journal.moves)
-            displaced_.emplace(platform::foldCase(each.source), each.destination);
+        for (const auto* journal : {&last_.pending, &last_.journal})
+            for (const auto& each : journal->moves)
+                displaced_.emplace(platform::foldCase(each.source), each.destination);
     const auto waiting = displaced_.find(platform::foldCase(move.destination));
     return waiting == displaced_.end() ? nullptr : &waiting->second;
 }

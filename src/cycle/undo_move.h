@@ -33,6 +33,7 @@ class UndoMove {
     bool isOurs(const Move& move, const platform::EntryFacts& file);
     bool isCopy(const Move& move);
     bool isUntouched(const platform::EntryFacts& file) const;
+    std::int64_t knownSince() const;
     bool isTouched(const platform::EntryFacts& file) const;
     const std::string* waitingPlace(const Move& move);
     bool isThere(std::string_view folder);

@@ -5,6 +5,17 @@
 #include "platform/text.h"
 
 namespace menumod {
+namespace {
+
+bool isHidden(const std::string& name) {
+    return name.starts_with('.') || name.find("\\.") != std::string::npos;
+}
+
+bool isInFolder(const std::string& name, const std::string& folder) {
+    return name.size() > folder.size() && name[folder.size()] == '\\';
+}
+
+} // namespace
 
 void Extraction::forEachArchive(const std::function<void(int handle)>& visit) {
     releases::StringArray files;
@@ -24,14 +35,30 @@ void Extraction::extractFolder(int handle, const std::string& folder, const std:
     while (destination.ends_with('\\'))
         destination.pop_back();
     platform::attempt([&] { game_.disk().makeFolder(destination + "\\" + folder); });
+    eachEntry(handle, folder, extension, [&](const std::string& name) {
+        extractEntry(handle, name, folder, destination + "\\" + name);
+    });
+}
+
+void Extraction::eachFile(int handle, const std::string& folder,
+                          const std::function<void(const std::string& name)>& take) {
+    eachEntry(handle, folder, "", [&](const std::string& name) {
+        if (isInFolder(name, folder))
+            take(name);
+    });
+}
+
+void Extraction::eachEntry(int handle, const std::string& folder, const std::string& extension,
+                           const std::function<void(const std::string& name)>& take) {
     std::string name;
     int type = 0;
     int size = 0;
     for (int next = 0; (next = archives_.HPIGetFiles(handle, next, name, type, size)) != 0;) {
         game_.log().breathe();
+        // A hidden file would be in no listing, and so never be removed again.
         if (type == 0 && platform::equalIgnoringCase(name.substr(0, folder.size()), folder) &&
-            platform::endsWithIgnoringCase(name, extension))
-            extractEntry(handle, name, folder, destination + "\\" + name);
+            platform::endsWithIgnoringCase(name, extension) && !isHidden(name))
+            take(name);
     }
 }
 
@@ -39,10 +66,7 @@ void Extraction::extractFolder(int handle, const std::string& folder, const std:
 /// lets others through, such as a root file "guisnote.txt".
 void Extraction::extractEntry(int handle, const std::string& name, const std::string& folder,
                               const std::string& destination) {
-    // A hidden file would be in no listing, and so never be removed again.
-    if (name.starts_with('.') || name.find("\\.") != std::string::npos)
-        return;
-    const bool inFolder = name.size() > folder.size() && name[folder.size()] == '\\';
+    const bool inFolder = isInFolder(name, folder);
     if (inFolder && takeOver && takeOver(handle, name))
         return;
     if (inFolder || !game_.DoesFileExist(destination))

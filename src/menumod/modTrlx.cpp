@@ -2,7 +2,9 @@
 #include "menumod/modTrlx.h"
 
 #include <algorithm>
+#include <array>
 
+#include "cycle/change_files.h"
 #include "platform/failure.h"
 #include "platform/relative_path.h"
 #include "platform/text.h"
@@ -15,6 +17,17 @@ constexpr std::size_t pageSuffixLength = 5;
 
 constexpr std::size_t mostHeldOfOne = std::size_t{1} << 20U;
 constexpr std::size_t mostHeldInAll = std::size_t{64} << 20U;
+
+struct StockCopy {
+    const char* from;
+    const char* to;
+};
+
+constexpr std::array<StockCopy, 5> stockCopies = {{{"commongui.GAF", "anims\\commongui.gaf"},
+                                                   {"ARMGEN.GUI", "guis\\ARMGEN.GUI"},
+                                                   {"ARMGEN.GUI", "guis\\CORGEN.GUI"},
+                                                   {"BUILDM.GUI", "guis\\ARMDL.GUI"},
+                                                   {"BUILDM.GUI", "guis\\CORDL.GUI"}}};
 
 /// A unit is named by a file out of an archive, and its own file is named by it.
 bool leadsOut(std::string_view unitName) {
@@ -36,6 +49,7 @@ bool modTrlx::enableTrlx() {
     showStage("Checking Folders");
     if (!foldersAreFree())
         return false;
+    noteWhatIsExtracted();
     extractData();
     showStage("Getting units from GUIs");
     readGuiPages();
@@ -48,7 +62,30 @@ bool modTrlx::enableTrlx() {
     }
     putOutOfAction();
     copyDataFiles();
+    notes_.isMade = true;
+    writeNotes();
     return true;
+}
+
+void modTrlx::note(const std::string& path) {
+    if (noted_.insert(platform::foldCase(path)).second)
+        notes_.files.push_back(path);
+}
+
+/// On the disk before what they tell of, so that the next start finds it whatever happens here.
+void modTrlx::writeNotes() {
+    game_.disk().replaceFile(cycle::trellisFile(game_), formats::trellisNotesText(notes_));
+}
+
+void modTrlx::noteWhatIsExtracted() {
+    Extraction extraction(game_);
+    extraction.forEachArchive([&](int handle) {
+        for (const auto* folder : {"guis", "download"})
+            extraction.eachFile(handle, folder, [this](const std::string& name) { note(name); });
+    });
+    for (const auto& copy : stockCopies)
+        note(copy.to);
+    writeNotes();
 }
 
 void modTrlx::mergeMenus() {
@@ -180,6 +217,10 @@ void modTrlx::writeDownloads() {
         table.addMenu(menu, settings_.small);
     }
     showStage("Writing download TDFs");
+    for (const auto& unit : table.downloads())
+        if (!leadsOut(unit.unitName))
+            note("download\\" + unit.unitName + ".tdf");
+    writeNotes();
     for (const auto& unit : table.downloads()) {
         game_.log().breathe();
         if (leadsOut(unit.unitName))
@@ -198,14 +239,8 @@ void modTrlx::writeDownloads() {
 void modTrlx::copyDataFiles() {
     showStage("Copying Data Files");
     platform::attempt([&] { game_.disk().makeFolder(game_.at("anims")); });
-    const auto copy = [&](const char* from, const char* to) {
-        game_.CopyFile(stockFile(from), game_.at(to));
-    };
-    copy("commongui.GAF", "anims\\commongui.gaf");
-    copy("ARMGEN.GUI", "guis\\ARMGEN.GUI");
-    copy("ARMGEN.GUI", "guis\\CORGEN.GUI");
-    copy("BUILDM.GUI", "guis\\ARMDL.GUI");
-    copy("BUILDM.GUI", "guis\\CORDL.GUI");
+    for (const auto& copy : stockCopies)
+        game_.CopyFile(stockFile(copy.from), game_.at(copy.to));
 }
 
 /// Most stock files come in two sizes.

@@ -2,6 +2,7 @@
 #include "check.h"
 #include "folder_cache.h"
 #include "moving.h"
+#include "part_file.h"
 #include "platform/disk.h"
 #include "platform/paths.h"
 #include "platform/raw_disk.h"
@@ -140,6 +141,24 @@ void Disk::removeTree(const std::string& path) {
         if (!entry || entry->kind != RawKind::folder)
             return std::make_error_code(std::errc::not_a_directory);
         return removeEntry(*raw_, folder.raw(), name, ReadOnly::stays);
+    });
+}
+
+void Disk::removeLeftOvers(const std::string& folder) {
+    attempt([&] {
+        folders_->beginCall();
+        const auto place = folders_->placeOf(folder);
+        if (!place.isInside)
+            return;
+        const auto open = folders_->open(place, place.parts.size());
+        std::vector<RawName> names;
+        check(raw_->list(open->raw(), names), "list", folder);
+        for (const auto& entry : names)
+            if (isLeftOver(entry.name)) {
+                aboutToChange(folder + "\\" + entry.name);
+                removeEntry(*raw_, open->raw(), entry.name, ReadOnly::goes);
+                open->noteChanged();
+            }
     });
 }
 

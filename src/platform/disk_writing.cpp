@@ -4,6 +4,7 @@
 #include "part_file.h"
 #include "platform/disk.h"
 #include "platform/raw_disk.h"
+#include "platform/write_batch.h"
 #include "tree.h"
 
 namespace platform {
@@ -42,15 +43,22 @@ void Disk::writePieces(const std::string& path,
     aboutToChange(path);
     folders_->beginCall();
     const auto target = targetOf(folders_->spotToChange(path, "write"), path);
-    PartFile part(*raw_, *target.folder, path, newFileMode);
+    auto part = std::make_unique<PartFile>(*raw_, *target.folder, path, newFileMode);
+    orUndo([&] { produce([&](std::string_view piece) { part->write(piece); }); },
+           [&] { part->discard(); });
+    finish(std::move(part), target);
+}
+
+void Disk::finish(std::unique_ptr<PartFile> part, const Target& target) {
+    if (batch_ != nullptr)
+        return batch_->add({std::move(part), target.folder, target.leaf, !target.old});
     orUndo(
         [&] {
-            produce([&](std::string_view piece) { part.write(piece); });
             if (target.old)
-                part.sync();
-            part.replace(target.leaf);
+                part->sync();
+            part->replace(target.leaf);
         },
-        [&] { part.discard(); });
+        [&] { part->discard(); });
     target.noteWritten();
 }
 
@@ -84,21 +92,14 @@ void Disk::replaceFile(const std::string& path, std::string_view bytes) {
     const auto target = targetOf(folders_->spotToChange(path, "write"), path);
     const bool replacesFile = target.old && target.old->kind == RawKind::file;
     const auto mode = replacesFile ? target.old->mode & permissions : newFileMode;
-    try {
-        PartFile part(*raw_, *target.folder, path, mode);
-        orUndo(
-            [&] {
-                part.write(bytes);
-                part.sync();
-                part.replace(target.leaf);
-            },
-            [&] { part.discard(); });
-    } catch (const PartFile::Refused& refused) {
-        // In a folder that is read-only a file may still be written over.
-        if (!target.old || !refused.is(std::errc::permission_denied))
-            throw;
-        return overwrite(target, path, bytes);
-    }
+    PartFile part(*raw_, *target.folder, path, mode);
+    orUndo(
+        [&] {
+            part.write(bytes);
+            part.sync();
+            part.replace(target.leaf);
+        },
+        [&] { part.discard(); });
     target.noteWritten();
     check(folders_->syncWayTo(path), "write", path);
 }
@@ -112,18 +113,16 @@ void Disk::copyFile(const std::string& from, const std::string& to,
     orUndo(
         [&] {
             const auto target = targetOf(folders_->spotToChange(to, "copy", &made), to);
-            PartFile part(*raw_, *target.folder, to, entry.mode & permissions);
+            auto part =
+                std::make_unique<PartFile>(*raw_, *target.folder, to, entry.mode & permissions);
             orUndo(
                 [&] {
-                    check(copyBytes(*raw_, *source, part.raw(), entry.size, onProgress), "copy",
+                    check(copyBytes(*raw_, *source, part->raw(), entry.size, onProgress), "copy",
                           from);
-                    part.takeTimes(entry);
-                    if (target.old)
-                        part.sync();
-                    part.replace(target.leaf);
+                    part->takeTimes(entry);
                 },
-                [&] { part.discard(); });
-            target.noteWritten();
+                [&] { part->discard(); });
+            finish(std::move(part), target);
         },
         [&] { made.undo(*raw_); });
 }

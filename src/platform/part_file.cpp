@@ -1,16 +1,33 @@
 // Part files bear the number of their process, so that those of dead ones can be told.
 #include "part_file.h"
 
+#include <algorithm>
 #include <atomic>
+#include <charconv>
 
 #include "check.h"
 #include "system_path.h"
 
 namespace platform {
+namespace {
+
+constexpr std::string_view partHead = ".vexillum-part-";
+
+} // namespace
+
+bool isLeftOver(std::string_view name) {
+    if (!name.starts_with(partHead))
+        return false;
+    unsigned long process = 0;
+    const auto* end = name.data() + name.size();
+    const auto number = std::from_chars(name.data() + partHead.size(), end, process);
+    return number.ec == std::errc() && number.ptr != end && *number.ptr == '-' &&
+           !processRuns(process);
+}
 
 std::string nextPartName() {
     static std::atomic<unsigned> number = 0;
-    static const auto head = ".vexillum-part-" + std::to_string(processNumber()) + "-";
+    static const auto head = std::string(partHead) + std::to_string(processNumber()) + "-";
     return head + std::to_string(++number);
 }
 
@@ -22,7 +39,7 @@ PartFile::PartFile(RawDisk& disk, Folder& folder, std::string_view path, std::ui
         error = disk_.createFile(folder_.raw(), name_, mode, file_);
     } while (error == std::errc::file_exists);
     if (error)
-        throw Refused("write", shownPath(path_), error);
+        fail("write", path_, error);
     folder_.noteChanged();
 }
 
@@ -32,6 +49,15 @@ void PartFile::write(std::string_view bytes) {
 
 void PartFile::sync() {
     check(disk_.sync(*file_), "write", path_);
+}
+
+void PartFile::syncDisk(std::vector<std::uint64_t>& synced) {
+    RawEntry folder;
+    check(disk_.lookAt(folder_.raw(), folder), "write", path_);
+    if (std::find(synced.begin(), synced.end(), folder.identity.device) != synced.end())
+        return;
+    check(disk_.syncAll(folder_.raw()), "write", path_);
+    synced.push_back(folder.identity.device);
 }
 
 void PartFile::takeTimes(const RawEntry& model) {

@@ -16,5 +16,7 @@ inline constexpr char systemSeparator =
 #endif
 
 unsigned long processNumber();
+/// Whether a process of that number runs; true where the system does not tell.
+bool processRuns(unsigned long number);
 
 } // namespace platform

@@ -120,10 +120,10 @@ void GameDirectory::logFailedMove(const std::string& from, const std::string& to
     log_.line(platform::inOneLine(failedMoveText(from, to)));
 }
 
-void GameDirectory::CopyFile(const std::string& FromFile, const std::string& ToFile) const {
+bool GameDirectory::CopyFile(const std::string& FromFile, const std::string& ToFile) const {
     clsFileAPI operation(disk_);
     operation.onProgress = [this](std::uint64_t /*bytes*/) { log_.breathe(); };
-    operation.CopyFile(FromFile, ToFile);
+    return operation.CopyFile(FromFile, ToFile);
 }
 
 void GameDirectory::DeleteFile(const std::string& delFile, bool doCheck) const {

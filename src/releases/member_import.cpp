@@ -3,9 +3,11 @@
 #include "releases/member_import.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "platform/write_batch.h"
 
 namespace releases {
 namespace {
@@ -64,12 +66,30 @@ MemberImport::Result MemberImport::copy(const std::vector<std::string>& paths) {
                 path.pop_back();
             plan(path, nameOf(path));
         }
-        for (const auto& source : sources_)
-            carryOut(source);
+        platform::WriteBatch files(disk_);
+        try {
+            for (const auto& source : sources_)
+                carryOut(source);
+        } catch (const Stop&) {
+            // What has been copied stays.
+        }
+        commit(files);
     } catch (const Stop&) {
-        // What has been copied stays.
+        // Nothing has been copied yet.
     }
     return result_;
+}
+
+/// From here on all is there to stay.
+void MemberImport::commit(platform::WriteBatch& files) {
+    try {
+        files.commit();
+        disk_.flush();
+    } catch (const platform::Failure& failure) {
+        // Nobody knows which of them are there.
+        result_.leftOut += std::exchange(result_.copied, 0);
+        questions_.tell(couldNotBeCopied(folder_, failure.reason()), &failures_);
+    }
 }
 
 void MemberImport::plan(const std::string& path, const std::string& target) {
@@ -177,7 +197,9 @@ void MemberImport::makeMemberFolder(const std::string& path) {
 }
 
 bool MemberImport::mayWrite(const std::string& path) {
-    switch (disk_.kindOf(folder_ + "\\" + path)) {
+    // What this import has written is not in its place yet.
+    const bool isWritten = written_.contains(platform::foldCase(path));
+    switch (isWritten ? platform::EntryKind::file : disk_.kindOf(folder_ + "\\" + path)) {
     case platform::EntryKind::none:
         return true;
     case platform::EntryKind::file:
@@ -204,6 +226,7 @@ void MemberImport::write(const std::string& path,
         if (const auto cut = path.rfind('\\'); cut != std::string::npos)
             makeFolders(path.substr(0, cut));
         step(folder_ + "\\" + path);
+        written_.insert(platform::foldCase(path));
         ++result_.copied;
     } catch (const platform::Failure& failure) {
         tellOfFailure(path, failure.reason());

@@ -124,26 +124,41 @@ std::string Store::rename(ReleaseType type, std::string_view oldName,
     try {
         if (!game_.disk().renameEntry(folder, folderName(type, newName)))
             return "A release of that name exists already.";
+        game_.disk().flush();
     } catch (const platform::Failure& failure) {
         return failure.what();
     }
     return {};
 }
 
-void Store::remove(ReleaseType type, std::string_view displayName) const {
+std::string Store::remove(ReleaseType type, std::string_view displayName) const {
+    std::string reason;
+    const auto step = [&reason](auto&& work) {
+        try {
+            work();
+        } catch (const platform::Failure& failure) {
+            reason = failure.what();
+        }
+    };
     StringArray files;
     if (const auto folder = folderOf(type, displayName); game_.fileArray(files, folder)) {
         game_.totallyKillFolder(folder, false);
         // What no listing shows would keep the release alive.
-        platform::attempt([&] { game_.disk().removeTree(folder); });
-        return;
+        if (game_.DoesFolderExist(folder))
+            step([&] { game_.disk().removeTree(folder); });
+    } else {
+        const auto file = looseFolderOf(type) + "\\" + folderForm(displayName);
+        const auto companion = companionOf(type, folderForm(displayName));
+        for (const auto& path : {std::optional(file), companion}) {
+            if (!path)
+                continue;
+            game_.DeleteFile(*path, true);
+            if (game_.DoesFileExist(*path))
+                step([&] { game_.disk().removeFile(*path); });
+        }
     }
-    const auto file = folderForm(displayName);
-    const auto looseFile = looseFolderOf(type) + "\\" + file;
-    game_.DeleteFile(looseFile, true);
-    if (const int dot = GameDirectory::fIs(looseFile, ".", GameDirectory::noStart, false);
-        file.find('.') != std::string::npos)
-        game_.DeleteFile(looseFile.substr(0, static_cast<std::size_t>(dot)) + "txt", true);
+    step([&] { game_.disk().flush(); });
+    return reason;
 }
 
 } // namespace releases

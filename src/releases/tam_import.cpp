@@ -3,6 +3,7 @@
 
 #include "platform/failure.h"
 #include "platform/relative_path.h"
+#include "platform/write_batch.h"
 #include "releases/release_types.h"
 
 namespace releases {
@@ -22,18 +23,28 @@ bool TamImport::convert(formats::TamType type, const std::string& path,
     shortType_ = shortType;
     const auto cut = path.find_last_of("\\/");
     dataFolder_ = path.substr(0, cut);
-    try {
-        const auto data = type == formats::TamType::ufo ? "" : game_.disk().readFile(path);
-        for (const auto& step : formats::convertTam(type, path.substr(cut + 1), data, shortType)) {
-            game_.log().breathe();
-            if (!carryOut(step))
-                return false;
-        }
-    } catch (const platform::Failure&) {
+    platform::WriteBatch files(game_.disk());
+    bool isConverted = true;
+    const auto step = [&](auto&& work) {
+        if (platform::attempt(work))
+            return;
         game_.questions().tell(std::string(formats::somethingBad));
-        return false;
-    }
-    return true;
+        isConverted = false;
+    };
+    step([&] {
+        const auto data = type == formats::TamType::ufo ? "" : game_.disk().readFile(path);
+        for (const auto& each : formats::convertTam(type, path.substr(cut + 1), data, shortType)) {
+            game_.log().breathe();
+            if (isConverted = carryOut(each); !isConverted)
+                return;
+        }
+    });
+    // What was copied until then stays.
+    step([&] {
+        files.commit();
+        game_.disk().flush();
+    });
+    return isConverted;
 }
 
 /// False where the conversion has failed and the user has been told.
@@ -75,8 +86,7 @@ void TamImport::copyMember(const formats::TamStep& step) {
     if (!isThere && step.kind == formats::TamStep::Kind::copyIfThere)
         return;
     const auto to = game_.at(releaseFolder_ + "\\" + plainPath(step.to));
-    game_.CopyFile(from, to);
-    const char* failed = game_.DoesFileExist(to) ? "" : "could not be copied";
+    const char* failed = game_.CopyFile(from, to) ? "" : "could not be copied";
     added_.push_back({"\\" + releaseFolder_ + "\\" + step.to, isThere ? failed : "not found"});
 }
 

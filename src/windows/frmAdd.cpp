@@ -207,23 +207,43 @@ void frmAdd::cmd3Browse_Click() {
 }
 
 void frmAdd::cmd3next_Click() {
-    saveCCodes();
-    platform::attempt([&] { disk_.copyFile(txt3ReadMe.text(), releaseFolder_ + "\\readme.txt"); });
+    const auto release = "The " + releases::displayForm(txt1Name.text()) + " " + shortType_;
+    if (const auto problem = saveTexts(); !problem.empty()) {
+        main_.game().questions().ask(
+            {release + " could not be saved whole.\r\n\r\nPlease see that \"" +
+                 platform::shownPath(releaseFolder_) +
+                 "\" can be written and that the readme is there, and try again.",
+             {"OK"},
+             0,
+             problem});
+        return;
+    }
     main_.game().questions().tell(
-        "The " + releases::displayForm(txt1Name.text()) + " " + shortType_ +
-        " has been added successfully!\r\n\r\nIt will be available next time you run "
-        "Vexillum");
+        release + " has been added successfully!\r\n\r\nIt will be available next time you run "
+                  "Vexillum");
     closeWindow();
 }
 
-/// An empty box leaves codes that are there already. Passes over a failure.
+/// Why codes and readme could not be saved, or nothing. Behind it all of the release is there to
+/// stay.
+std::string frmAdd::saveTexts() {
+    try {
+        saveCCodes();
+        const auto readme = txt3ReadMe.text();
+        if (!readme.empty() && readme != alreadyThere)
+            disk_.copyFile(readme, releaseFolder_ + "\\readme.txt");
+        disk_.flush();
+    } catch (const platform::Failure& failure) {
+        return failure.what();
+    }
+    return {};
+}
+
+/// An empty box leaves codes that are there already.
 void frmAdd::saveCCodes() {
     txt3CCodes.setText(trimmedBlanks(txt3CCodes.text()));
-    if (txt3CCodes.text().empty())
-        return;
-    platform::attempt([&] {
+    if (!txt3CCodes.text().empty())
         disk_.replaceFile(releaseFolder_ + "\\ccodes.txt", formats::codesText(txt3CCodes.text()));
-    });
 }
 
 } // namespace windows

@@ -59,12 +59,23 @@ void frmMain::cmdRemove_Click() {
     if (!ask_.askWhetherSure("Are you VERY VERY sure you want to remove the " + name + " " +
                              longType + "?\r\n\r\nThis is an irreversible operation!"))
         return;
+    std::string reason;
     whileWorking([&] {
         revertSels(true);
-        store_.remove(currentType().type, name);
+        reason = store_.remove(currentType().type, name);
     });
-    tell("The " + name + " " + longType +
-         " has been removed successfully.\r\n\r\nIt will dissapear as soon as you close Vexillum.");
+    if (!reason.empty())
+        game_.questions().ask({"The " + name + " " + longType +
+                                   " could not be removed whole.\r\n\r\nWhat is left of it will be "
+                                   "listed at the next start. Please see that its files can be "
+                                   "removed, and remove it once more.",
+                               {"OK"},
+                               0,
+                               reason});
+    else
+        tell("The " + name + " " + longType +
+             " has been removed successfully.\r\n\r\nIt will dissapear as soon as you close "
+             "Vexillum.");
     RestartVXL(true);
 }
 

@@ -73,7 +73,16 @@ void frmMain::resetGameDirectory() {
     unfinished_ = cycle::undo(game_, last, selection_.modifier.enabled);
     showLogForASecond();
     if (!last.lostJournal)
-        platform::attempt([this] { cycle::killSels(game_); });
+        try {
+            cycle::killSels(game_);
+        } catch (const platform::Failure& failure) {
+            game_.questions().ask({"The selection could not be blanked, so it may be shown once "
+                                   "more at the next start.\r\n\r\nPlease allow writing to \"" +
+                                       platform::shownPath(game_.inDataTree("VXL-Sel")) + "\".",
+                                   {"OK"},
+                                   0,
+                                   failure.what()});
+        }
     log_.close();
 }
 

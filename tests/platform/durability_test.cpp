@@ -2,8 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include "platform/failure.h"
 #include "platform/memory_disk.h"
+#include "platform/write_batch.h"
 #include "support/faulty_disk.h"
 
 namespace platform {
@@ -322,14 +325,52 @@ TEST(Durability, a_name_taken_while_the_copy_was_made_is_not_taken_over) {
               (Files{{"mod", "ours"}, {"other/mod", "theirs"}, {"totala.exe", "the game"}}));
 }
 
-TEST(Durability, in_a_folder_that_takes_no_new_files_an_old_one_is_written_over) {
+TEST(Durability, in_a_folder_that_takes_no_new_files_an_old_one_stays) {
     Machine machine;
     machine.memory->put("/game/locked/journal", "old");
     machine.memory->setMode("/game/locked", 0555);
     const auto disk = machine.disk();
-    disk->replaceFile("/game\\locked\\journal", "new");
-    EXPECT_EQ(machine.memory->content("/game/locked/journal"), "new");
-    EXPECT_THROW(disk->replaceFile("/game\\locked\\other", "new"), Failure);
+    EXPECT_THROW(disk->replaceFile("/game\\locked\\journal", "new"), Failure);
+    EXPECT_EQ(machine.memory->content("/game/locked/journal"), "old");
+}
+
+TEST(Durability, a_batch_comes_whole_or_not_and_leaves_nothing_behind) {
+    for (const bool isCommitted : {false, true}) {
+        Machine machine;
+        machine.memory->put("/game/old", "old");
+        const auto disk = machine.disk();
+        {
+            WriteBatch batch(*disk);
+            for (const auto* name : {"old", "new"})
+                disk->writePieces(std::string("/game\\") + name,
+                                  [](const auto& sink) { sink("content"); });
+            EXPECT_EQ(machine.memory->content("/game/old"), "old");
+            EXPECT_FALSE(machine.memory->has("/game/new"));
+            if (isCommitted)
+                batch.commit();
+        }
+        machine.memory->losePower({0});
+        if (isCommitted)
+            EXPECT_EQ(machine.files(),
+                      (Files{{"new", "content"}, {"old", "content"}, {"totala.exe", "the game"}}));
+        else
+            EXPECT_EQ(machine.files(), (Files{{"old", "old"}, {"totala.exe", "the game"}}));
+    }
+}
+
+TEST(Durability, parts_of_dead_processes_go_and_those_of_the_living_stay) {
+    Machine machine;
+    // No system gives out such a number.
+    const std::string dead = ".vexillum-part-2147483647-3";
+    const std::string own = ".vexillum-part-" + std::to_string(::getpid()) + "-3";
+    machine.memory->put("/game/units/" + dead, "part");
+    machine.memory->put("/game/units/" + dead + "1/deep", "part");
+    machine.memory->put("/game/units/" + own, "part");
+    machine.memory->put("/game/units/.vexillum-part-x", "the user's");
+    machine.disk()->removeLeftOvers("/game\\units");
+    EXPECT_EQ(machine.files(), (Files{{"totala.exe", "the game"},
+                                      {"units/.vexillum-part-x", "the user's"},
+                                      {"units/" + own, "part"}}));
 }
 
 /// Every lawful rest of a swap that was not synced; both files have one name at any rate.

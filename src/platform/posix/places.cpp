@@ -1,6 +1,8 @@
 // Absolute paths, and where the running program lies.
+#include <cerrno>
 #include <filesystem>
 
+#include <csignal>
 #include <unistd.h>
 
 #include "platform/disk.h"
@@ -11,6 +13,11 @@ namespace platform {
 
 std::string_view rootOf(std::string_view path) {
     return path.starts_with('/') ? path.substr(0, 1) : std::string_view();
+}
+
+bool processRuns(unsigned long number) {
+    const auto process = static_cast<pid_t>(number);
+    return process > 0 && (::kill(process, 0) == 0 || errno != ESRCH);
 }
 
 unsigned long processNumber() {

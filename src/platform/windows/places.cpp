@@ -18,6 +18,15 @@ std::string_view rootOf(std::string_view path) {
     return isAbsolute ? path.substr(0, rootLength) : std::string_view();
 }
 
+bool processRuns(unsigned long number) {
+    HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, number);
+    if (process == nullptr)
+        return GetLastError() != ERROR_INVALID_PARAMETER;
+    const bool runs = WaitForSingleObject(process, 0) != WAIT_OBJECT_0;
+    CloseHandle(process);
+    return runs;
+}
+
 unsigned long processNumber() {
     return GetCurrentProcessId();
 }

@@ -33,6 +33,11 @@ inline std::string pendingFile(const releases::GameDirectory& game) {
     return changeFile(game, "Pending.txt");
 }
 
+/// What the build-menu modifier makes.
+inline std::string trellisFile(const releases::GameDirectory& game) {
+    return changeFile(game, "Trellis.txt");
+}
+
 /// Gives a file that can be read no more another name in its folder, so that nothing replaces it.
 /// Nothing happens without one. Throws Failure.
 void keepBeside(const releases::GameDirectory& game, const std::string& file);

@@ -30,6 +30,8 @@ struct LastLaunch {
     std::int64_t carriedOutAt = 0;
     /// What an earlier reset could not undo.
     formats::Journal pending;
+    /// When that was noted, by the same clock.
+    std::int64_t pendingNotedAt = 0;
 
     /// A file that should tell of the launch and does not.
     struct Damage {

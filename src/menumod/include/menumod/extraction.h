@@ -24,6 +24,11 @@ class Extraction {
     /// Opens each file of the game directory that is an archive and hands its handle to `visit`.
     void forEachArchive(const std::function<void(int handle)>& visit);
 
+    /// Gives each file below `folder`, which is in lower case, that `extractFolder` would extract
+    /// there.
+    void eachFile(int handle, const std::string& folder,
+                  const std::function<void(const std::string& name)>& take);
+
     /// Extracts the entries whose path begins with `folder` and ends in `extension`, both in lower
     /// case, to the folder `dest` of the game directory, or of the data tree with `underTree`.
     /// Passes over every failure.
@@ -31,6 +36,8 @@ class Extraction {
                        const std::string& dest, bool underTree);
 
   private:
+    void eachEntry(int handle, const std::string& folder, const std::string& extension,
+                   const std::function<void(const std::string& name)>& take);
     void extractEntry(int handle, const std::string& name, const std::string& folder,
                       const std::string& destination);
 

@@ -4,10 +4,12 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "formats/build_menu.h"
 #include "formats/menu_files.h"
+#include "formats/trellis_notes.h"
 #include "menumod/extraction.h"
 
 namespace menumod {
@@ -40,6 +42,9 @@ class modTrlx {
     /// By folded name, which is the order of a listing.
     using ExtractedFiles = std::map<std::string, Extracted>;
 
+    void note(const std::string& path);
+    void writeNotes();
+    void noteWhatIsExtracted();
     void showStage(const std::string& text);
     bool foldersAreFree();
     void extractData();
@@ -61,6 +66,8 @@ class modTrlx {
     ExtractedFiles pages_;
     ExtractedFiles downloads_;
     std::size_t held_ = 0;
+    formats::TrellisNotes notes_;
+    std::set<std::string> noted_; ///< folded
     std::optional<std::string> unitLeadingOut_;
 };
 

@@ -14,10 +14,12 @@ namespace platform {
 
 class Folder;
 class FolderCache;
+class PartFile;
 class RawDisk;
 class RawFile;
 struct RawEntry;
 struct Spot;
+class WriteBatch;
 
 /// Takes a file's content piece by piece, in order.
 using PieceSink = std::function<void(std::string_view piece)>;
@@ -151,8 +153,7 @@ class Disk {
 
     /// The same in such a way that a crash or power cut leaves the old or the new file, whole. When
     /// it returns, the new one is there to stay; only where that last step fails the new one is in
-    /// its place behind a failure. In a folder that takes no new files the old file is written over
-    /// and may be left cut.
+    /// its place behind a failure.
     void replaceFile(const std::string& path, std::string_view bytes);
 
     /// Moves a file, link or folder, across disks too, and makes missing folders on the way to
@@ -186,6 +187,11 @@ class Disk {
     /// failure may leave part of it.
     void removeTree(const std::string& path);
 
+    /// Removes from a folder what processes that run no more left half done there: files and
+    /// folders in the making, which have their content elsewhere. Passes over failures, a folder
+    /// that is not there among them.
+    void removeLeftOvers(const std::string& folder);
+
     /// Returns when all changes so far would survive a power cut.
     void flush();
 
@@ -199,6 +205,7 @@ class Disk {
 
     std::unique_ptr<RawFile> openToRead(const std::string& path, std::string_view call,
                                         RawEntry& entry);
+    void finish(std::unique_ptr<PartFile> part, const Target& target);
     Target targetOf(const Spot& spot, const std::string& path);
     void overwrite(const Target& target, const std::string& path, std::string_view bytes);
     bool move(const Spot& source, const Spot& target, const std::string& to);
@@ -207,6 +214,8 @@ class Disk {
 
     std::shared_ptr<RawDisk> raw_;
     std::unique_ptr<FolderCache> folders_;
+    friend class WriteBatch;
+    WriteBatch* batch_ = nullptr;
 };
 
 /// The disk of this machine.

@@ -73,8 +73,8 @@ class GameDirectory {
     /// The messages of failed moves from here on are a row of their own.
     void beginMoves() { moveFailures_ = platform::MessageRow::fromTheFirst(); }
 
-    /// Replaces a file at the destination and makes missing folders. Passes over a failure.
-    void CopyFile(const std::string& FromFile, const std::string& ToFile) const;
+    /// Replaces a file at the destination and makes missing folders. False where that fails.
+    bool CopyFile(const std::string& FromFile, const std::string& ToFile) const;
     /// Passes over a failure. With `doCheck` it looks first whether the file is there.
     void DeleteFile(const std::string& delFile, bool doCheck) const;
     /// Removes a folder with all that the listings show of it; one that could not be emptied stays.

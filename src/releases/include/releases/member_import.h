@@ -4,10 +4,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "formats/zip.h"
+#include "platform/write_batch.h"
 #include "releases/game_directory.h"
 
 namespace releases {
@@ -77,6 +79,7 @@ class MemberImport {
     void unpack(const std::string& path);
     void makeFolders(const std::string& path);
     void makeMemberFolder(const std::string& path);
+    void commit(platform::WriteBatch& files);
     bool mayWrite(const std::string& path);
     /// Runs a step for a file, tells of its failure. Throws Stop where the user has had enough.
     void write(const std::string& path, const std::function<void(const std::string& target)>& step);
@@ -89,6 +92,7 @@ class MemberImport {
     OnProgress onProgress_;
     std::vector<Source> sources_;
     platform::MessageRow replacements_ = platform::MessageRow::withoutLog();
+    std::set<std::string> written_; ///< folded
     platform::MessageRow failures_ = platform::MessageRow::withoutLog();
     std::string current_;
     std::uint64_t all_ = 0;

@@ -56,9 +56,10 @@ class Store {
     /// people, or nothing. A loose file cannot be renamed.
     std::string rename(ReleaseType type, std::string_view oldName, std::string_view newName) const;
 
-    /// Removes a release with its folder, or a loose file with the text beside it. Passes over
-    /// every failure: what could not be removed is there at the next start.
-    void remove(ReleaseType type, std::string_view displayName) const;
+    /// Removes a release with its folder, or a loose file with the text beside it. Goes on behind
+    /// a failure; what could not be removed is there at the next start. Returns why it is still
+    /// there, or may be, or nothing.
+    std::string remove(ReleaseType type, std::string_view displayName) const;
 
   private:
     std::string looseFolderOf(ReleaseType type) const;

@@ -70,6 +70,7 @@ class frmAdd : public Window {
     void cmd3Browse_Click();
     void cmd3next_Click();
     void loadCCodes();
+    std::string saveTexts();
     void saveCCodes();
     bool saveAboutText();
     std::string folderFor(const std::string& name) const;

@@ -1,0 +1,32 @@
+// The program writes to the game directory and the folders right in it, and in the data tree to the
+// releases' folders and those right in them.
+#include "left_overs.h"
+
+#include <string>
+
+#include "platform/text.h"
+#include "releases/release_types.h"
+
+namespace cycle {
+namespace {
+
+void removeBelow(const releases::GameDirectory& game, const std::string& folder, int depth) {
+    game.disk().removeLeftOvers(folder);
+    if (depth == 0)
+        return;
+    const auto names = game.list(folder);
+    if (!names)
+        return;
+    for (const auto& name : names->folders)
+        if (folder != game.TADir() || !platform::equalIgnoringCase(name, releases::dataTree))
+            removeBelow(game, folder + "\\" + name, depth - 1);
+}
+
+} // namespace
+
+void removeLeftOvers(const releases::GameDirectory& game) {
+    removeBelow(game, game.TADir(), 1);
+    removeBelow(game, game.at(releases::dataTree), 2);
+}
+
+} // namespace cycle
