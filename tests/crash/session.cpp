@@ -10,6 +10,7 @@
 #include "platform/text.h"
 #include "support/faulty_disk.h"
 #include "windows/frmMain.h"
+#include "windows/lists.h"
 
 namespace crash {
 namespace {
@@ -30,6 +31,14 @@ class Toolkit final : public headless::SessionToolkit {
         if (isClash && answer_ == Answer::byDefault)
             return {box.defaultButton};
         return {isClash && answer_ == Answer::no ? box.buttons.size() - 1 : 0};
+    }
+    /// What a wizard's list says in the end.
+    void hide(windows::Window& window) override {
+        for (const auto* control : window.controls())
+            if (const auto* list = dynamic_cast<const windows::ListBox*>(control))
+                for (const auto& item : list->items())
+                    session_.lines.push_back(item.text + ": " + item.note);
+        SessionToolkit::hide(window);
     }
     void logged(const std::string& line) override { session_.lines.push_back(line); }
 

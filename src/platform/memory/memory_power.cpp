@@ -74,7 +74,7 @@ std::shared_ptr<MemoryDisk> MemoryDisk::copy() const {
             return node;
         if (const auto known = copies.find(node.get()); known != copies.end())
             return known->second;
-        const auto made = copies[node.get()] = std::make_shared<Node>(*node);
+        auto made = copies[node.get()] = std::make_shared<Node>(*node);
         for (auto* entries : {&made->entries, &made->syncedEntries})
             for (auto& [name, below] : *entries)
                 below = copyOf(below);
