@@ -110,23 +110,23 @@ void losePower(platform::MemoryDisk& memory, bool inOrder, std::uint32_t seed) {
     const auto upTo = [&random](std::size_t most) { return random() % (most + 1); };
     // Little, half or most of it has arrived.
     const auto share = upTo(4);
-    memory.losePower({[&] { return upTo(3) < share; }, inOrder,
-                      [&](const std::string& synced, const std::string& written) {
-                          auto left = written;
-                          switch (upTo(3)) {
-                          case 0:
-                              return synced;
-                          case 1:
-                              left.resize(upTo(written.size()));
-                              break;
-                          case 2:
-                              std::fill_n(left.rbegin(), upTo(left.size()), '\0');
-                              break;
-                          default:
-                              break;
-                          }
-                          return left;
-                      }});
+    memory.cutPower({[&] { return upTo(3) < share; }, inOrder,
+                     [&](const std::string& synced, const std::string& written) {
+                         auto left = written;
+                         switch (upTo(3)) {
+                         case 0:
+                             return synced;
+                         case 1:
+                             left.resize(upTo(written.size()));
+                             break;
+                         case 2:
+                             std::fill_n(left.rbegin(), upTo(left.size()), '\0');
+                             break;
+                         default:
+                             break;
+                         }
+                         return left;
+                     }});
 }
 
 } // namespace crash

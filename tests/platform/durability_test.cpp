@@ -387,8 +387,8 @@ TEST(Durability, the_disk_in_memory_loses_changes_of_names_whole) {
             disk->writeFile("/game\\made\\new", "not synced");
             const auto memory = machine.memory->copy();
             unsigned asked = 0;
-            memory->losePower({[&] { return (arrived >> asked++ & 1U) != 0; }, inOrder,
-                               [](const auto& synced, const auto& /*written*/) { return synced; }});
+            memory->cutPower({[&] { return (arrived >> asked++ & 1U) != 0; }, inOrder,
+                              [](const auto& synced, const auto& /*written*/) { return synced; }});
             std::string rest;
             for (const auto& [path, content] : memory->files("/game"))
                 rest += path == "totala.exe" ? "" : path + "=" + content + " ";

@@ -45,7 +45,7 @@ void MemoryDisk::noteNamesSynced(const NodePtr& folder) {
     std::erase_if(unsynced_, [&](const auto& /*change*/) { return goes[at++]; });
 }
 
-void MemoryDisk::losePower(const PowerLoss& loss) {
+void MemoryDisk::cutPower(const PowerLoss& loss) {
     std::vector<const NameChange*> lost;
     for (const auto& change : unsynced_) {
         const bool hangs = std::any_of(lost.begin(), lost.end(), [&](const auto* earlier) {
