@@ -405,7 +405,7 @@ TEST(Durability, what_the_disk_in_memory_has_synced_stays) {
     const auto disk = machine.disk();
     disk->replaceFile("/game\\journal", "new");
     disk->writeFile("/game\\other file", "new");
-    machine.memory->losePower(
+    machine.memory->cutPower(
         {[] { return false; }, true, [](const auto& synced, const auto&) { return synced; }});
     EXPECT_EQ(machine.files(), (Files{{"journal", "new"}, {"totala.exe", "the game"}}));
 }
