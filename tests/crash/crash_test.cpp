@@ -1,7 +1,7 @@
 // Disturbs the whole program at every moment, on a disk in memory, and holds what is left against
 // what was there.
 //   crash-test [--seed N] [--seconds N]     all there is, by chance where there is no end of it
-//   crash-test --points N [--seed N] [--without KIND-OR-OPERATION]...    a sample, always the same
+//   crash-test --points N [--seed N] [--without "KIND OPERATION"]...   a sample, always the same
 //   crash-test POINT            one point again, as a finding tells it: fail apply 17 full 1
 //   crash-test world STEP...    one sequence of steps again
 //   crash-test worlds LENGTH    all sequences of so many steps

@@ -79,14 +79,19 @@ void Life::settle() {
         memory_->syncAll(*folder);
 }
 
+/// A release's file of that path may be in the game directory now, and what would tell it from the
+/// game's own there has been changed.
+void Life::confuse(const std::string& path) {
+    for (auto& [content, known] : known_)
+        if (mayHoldReleases_ && known.owner == Owner::release && known.path == path)
+            known.owner = Owner::either;
+}
+
 void Life::put(const std::string& path) {
     remove(path);
     settle();
-    // Its twin may be in the game directory at the time, and nobody can tell the two apart then.
-    if (mayHoldReleases_ && !belowRelease(path).empty())
-        for (auto& [content, known] : known_)
-            if (known.owner == Owner::release && known.path == belowRelease(path))
-                known.owner = Owner::either;
+    if (!belowRelease(path).empty())
+        confuse(belowRelease(path));
     const auto content = "content " + std::to_string(++nextContent_);
     memory_->put(at(path), content);
     know(path, content);
@@ -96,6 +101,8 @@ void Life::remove(const std::string& path) {
     settle();
     if (!has(path))
         return;
+    if (path.starts_with(held))
+        confuse(path.substr(held.size()));
     if (const auto own = memory_->content(at(path)))
         known_.erase(*own);
     else
@@ -105,6 +112,7 @@ void Life::remove(const std::string& path) {
 }
 
 void Life::rename(const std::string& path, const std::string& newPath) {
+    settle();
     const auto content = memory_->content(at(path)).value();
     memory_->remove(at(path));
     memory_->put(at(newPath), content);

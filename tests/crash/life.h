@@ -54,6 +54,7 @@ class Life {
     };
 
     void settle();
+    void confuse(const std::string& path);
     void know(const std::string& path, const std::string& content);
     void forgetRemoved(const Files& plain, const std::string& release);
 

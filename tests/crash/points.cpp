@@ -218,8 +218,10 @@ void tryPoints(const Limits& limits, Report& report) {
     std::mt19937 random(limits.seed);
     auto points = bench.all(random);
     std::erase_if(points, [&](const Point& point) {
-        return std::any_of(limits.without.begin(), limits.without.end(), [&](const auto& word) {
-            return word == kinds[point.kind].name || word == bench.calm(point).operation.name;
+        const std::string kind = kinds[point.kind].name;
+        const std::string operation = bench.calm(point).operation.name;
+        return std::any_of(limits.without.begin(), limits.without.end(), [&](const auto& words) {
+            return words == kind || words == operation || words == kind + " " + operation;
         });
     });
     std::shuffle(points.begin(), points.end(), random);

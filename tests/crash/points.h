@@ -14,7 +14,7 @@ struct Limits {
     std::uint32_t seed = 1;
     std::chrono::steady_clock::time_point end; ///< no point is begun behind it
     int points = 1 << 30;
-    std::vector<std::string> without; ///< kinds of points, and operations
+    std::vector<std::string> without; ///< kinds, operations, or both with a blank
 };
 
 /// Tries all stops, failures and pairs and many losses of power, in an order by chance.

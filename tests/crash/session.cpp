@@ -10,6 +10,7 @@
 #include "platform/text.h"
 #include "support/faulty_disk.h"
 #include "windows/frmMain.h"
+#include "windows/lists.h"
 
 namespace crash {
 namespace {
@@ -30,6 +31,14 @@ class Toolkit final : public headless::SessionToolkit {
         if (isClash && answer_ == Answer::byDefault)
             return {box.defaultButton};
         return {isClash && answer_ == Answer::no ? box.buttons.size() - 1 : 0};
+    }
+    /// What a wizard's list says in the end.
+    void hide(windows::Window& window) override {
+        for (const auto* control : window.controls())
+            if (const auto* list = dynamic_cast<const windows::ListBox*>(control))
+                for (const auto& item : list->items())
+                    session_.lines.push_back(item.text + ": " + item.note);
+        SessionToolkit::hide(window);
     }
     void logged(const std::string& line) override { session_.lines.push_back(line); }
 
@@ -101,23 +110,23 @@ void losePower(platform::MemoryDisk& memory, bool inOrder, std::uint32_t seed) {
     const auto upTo = [&random](std::size_t most) { return random() % (most + 1); };
     // Little, half or most of it has arrived.
     const auto share = upTo(4);
-    memory.losePower({[&] { return upTo(3) < share; }, inOrder,
-                      [&](const std::string& synced, const std::string& written) {
-                          auto left = written;
-                          switch (upTo(3)) {
-                          case 0:
-                              return synced;
-                          case 1:
-                              left.resize(upTo(written.size()));
-                              break;
-                          case 2:
-                              std::fill_n(left.rbegin(), upTo(left.size()), '\0');
-                              break;
-                          default:
-                              break;
-                          }
-                          return left;
-                      }});
+    memory.cutPower({[&] { return upTo(3) < share; }, inOrder,
+                     [&](const std::string& synced, const std::string& written) {
+                         auto left = written;
+                         switch (upTo(3)) {
+                         case 0:
+                             return synced;
+                         case 1:
+                             left.resize(upTo(written.size()));
+                             break;
+                         case 2:
+                             std::fill_n(left.rbegin(), upTo(left.size()), '\0');
+                             break;
+                         default:
+                             break;
+                         }
+                         return left;
+                     }});
 }
 
 } // namespace crash

@@ -238,8 +238,10 @@ std::string Calm::lost(const platform::MemoryDisk& memory, const Session& distur
             return "promised and not done: " + path;
     for (const auto& [path, content] : operation.brings) {
         const auto there = now.find(path);
-        const bool isTold = std::any_of(disturbed.boxes.begin(), disturbed.boxes.end(),
-                                        [&](const auto& box) { return names(box, leafOf(path)); });
+        const auto isTold =
+            std::any_of(disturbed.boxes.begin(), disturbed.boxes.end(),
+                        [leaf = leafOf(path), folder = at(path.substr(0, path.find('/', 9))) + '"'](
+                            const auto& box) { return names(box, leaf) || names(box, folder); });
         if ((there == now.end() || there->second != content) && !isTold)
             return "promised and not there: " + path;
     }
@@ -293,7 +295,7 @@ std::string Calm::silent(const platform::MemoryDisk& memory, const Session& dist
     const bool isTurnedDown = std::any_of(boxes.begin(), boxes.end(), [](const auto& box) {
         return names(box, "VXL-Changes") || names(box, "VXL-Sel") ||
                names(box, "could not be saved") || names(box, "could not be renamed") ||
-               names(box, "could not be moved back");
+               names(box, "could not be moved back") || names(box, "could not be removed");
     });
     const auto isNamed = [&](const std::string& name) {
         const auto tells = [&](const auto& text) { return names(text, name); };

@@ -387,8 +387,8 @@ TEST(Durability, the_disk_in_memory_loses_changes_of_names_whole) {
             disk->writeFile("/game\\made\\new", "not synced");
             const auto memory = machine.memory->copy();
             unsigned asked = 0;
-            memory->losePower({[&] { return (arrived >> asked++ & 1U) != 0; }, inOrder,
-                               [](const auto& synced, const auto& /*written*/) { return synced; }});
+            memory->cutPower({[&] { return (arrived >> asked++ & 1U) != 0; }, inOrder,
+                              [](const auto& synced, const auto& /*written*/) { return synced; }});
             std::string rest;
             for (const auto& [path, content] : memory->files("/game"))
                 rest += path == "totala.exe" ? "" : path + "=" + content + " ";
@@ -405,7 +405,7 @@ TEST(Durability, what_the_disk_in_memory_has_synced_stays) {
     const auto disk = machine.disk();
     disk->replaceFile("/game\\journal", "new");
     disk->writeFile("/game\\other file", "new");
-    machine.memory->losePower(
+    machine.memory->cutPower(
         {[] { return false; }, true, [](const auto& synced, const auto&) { return synced; }});
     EXPECT_EQ(machine.files(), (Files{{"journal", "new"}, {"totala.exe", "the game"}}));
 }

@@ -61,12 +61,13 @@ RawDisk::Error MemoryDisk::rename(RawFolder& from, const std::string& name, RawF
     if (((source.entry.mode & target.entry.mode) & writable) == 0)
         return errorOf(std::errc::permission_denied);
     const auto replaced = isTaken ? taken->second : nullptr;
+    const auto changed = node->entry.changed;
     if (isTaken)
         take(target, taken);
     if (const auto old = named(source, name); old != source.entries.end())
         take(source, old);
     add(target, newName, node);
-    unsynced_.push_back({node, pointerOf(from), name, pointerOf(to), newName, replaced});
+    unsynced_.push_back({node, pointerOf(from), name, pointerOf(to), newName, replaced, changed});
     return {};
 }
 

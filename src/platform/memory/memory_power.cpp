@@ -23,7 +23,9 @@ void MemoryDisk::NameChange::takeBack() const {
         to->entries[newName] = replaced;
     if (from)
         from->entries[name] = node;
-    if (!from || !to)
+    if (from && to)
+        node->entry.changed = changed;
+    else
         node->entry.names += from ? 1 : -1;
 }
 
@@ -43,7 +45,7 @@ void MemoryDisk::noteNamesSynced(const NodePtr& folder) {
     std::erase_if(unsynced_, [&](const auto& /*change*/) { return goes[at++]; });
 }
 
-void MemoryDisk::losePower(const PowerLoss& loss) {
+void MemoryDisk::cutPower(const PowerLoss& loss) {
     std::vector<const NameChange*> lost;
     for (const auto& change : unsynced_) {
         const bool hangs = std::any_of(lost.begin(), lost.end(), [&](const auto* earlier) {
@@ -72,7 +74,7 @@ std::shared_ptr<MemoryDisk> MemoryDisk::copy() const {
             return node;
         if (const auto known = copies.find(node.get()); known != copies.end())
             return known->second;
-        const auto made = copies[node.get()] = std::make_shared<Node>(*node);
+        auto made = copies[node.get()] = std::make_shared<Node>(*node);
         for (auto* entries : {&made->entries, &made->syncedEntries})
             for (auto& [name, below] : *entries)
                 below = copyOf(below);

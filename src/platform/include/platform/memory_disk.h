@@ -61,7 +61,7 @@ class MemoryDisk final : public RawDisk {
 
     /// The same by a finer model: a change of names has arrived whole or not at all, so no rename
     /// leaves an entry with two names or none.
-    void losePower(const PowerLoss& loss);
+    void cutPower(const PowerLoss& loss);
 
     /// A disk of its own that holds the same, identities, times and what is not synced included.
     std::shared_ptr<MemoryDisk> copy() const;
@@ -116,6 +116,7 @@ class MemoryDisk final : public RawDisk {
         NodePtr to;
         std::string newName;
         NodePtr replaced;
+        FileTime changed = 0; ///< of the entry, before; for a rename
 
         bool touches(const NodePtr& folder) const { return from == folder || to == folder; }
         bool touches(const NodePtr& folder, const std::string& entry) const {
