@@ -287,6 +287,14 @@ std::string Calm::notPlain(const platform::MemoryDisk& memory) const {
     return tornSelections(memory);
 }
 
+namespace {
+
+bool isModifiers(const std::string& path) {
+    return path.starts_with("anims/") || path.starts_with("download/") || path.starts_with("guis/");
+}
+
+} // namespace
+
 std::string Calm::silent(const platform::MemoryDisk& memory, const Session& disturbed) const {
     const auto boxes = onlyIn(disturbed.boxes, session.boxes);
     const auto lines = onlyIn(disturbed.lines, session.lines);
@@ -306,8 +314,9 @@ std::string Calm::silent(const platform::MemoryDisk& memory, const Session& dist
     const auto isTold = [&](const std::string& path) {
         auto isIt = isTurnedDown || isNamed(leafOf(path)) || isNamed(releaseOf(path));
         for (auto end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1))
-            isIt = isIt || isNamed(at(path.substr(0, end)) + "\"");
-        return isIt;
+            isIt = isIt || isNamed(at(path.substr(0, end)) + "\"") ||
+                   isNamed(at(path.substr(0, end)) + ":");
+        return isIt || (isModifiers(path) && isNamed("The Trellis could not make all"));
     };
     std::set<std::string> differ;
     const auto compare = [&](const Files& one, const Files& other) {
