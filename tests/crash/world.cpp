@@ -295,7 +295,8 @@ std::string Calm::silent(const platform::MemoryDisk& memory, const Session& dist
     const bool isTurnedDown = std::any_of(boxes.begin(), boxes.end(), [](const auto& box) {
         return names(box, "VXL-Changes") || names(box, "VXL-Sel") ||
                names(box, "could not be saved") || names(box, "could not be renamed") ||
-               names(box, "could not be moved back") || names(box, "could not be removed");
+               names(box, "could not be moved back") || names(box, "could not be removed") ||
+               names(box, "The Trellis could not");
     });
     const auto isNamed = [&](const std::string& name) {
         const auto tells = [&](const auto& text) { return names(text, name); };
@@ -306,7 +307,8 @@ std::string Calm::silent(const platform::MemoryDisk& memory, const Session& dist
     const auto isTold = [&](const std::string& path) {
         auto isIt = isTurnedDown || isNamed(leafOf(path)) || isNamed(releaseOf(path));
         for (auto end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1))
-            isIt = isIt || isNamed(at(path.substr(0, end)) + "\"");
+            isIt = isIt || isNamed(at(path.substr(0, end)) + "\"") ||
+                   isNamed(at(path.substr(0, end)) + ":");
         return isIt;
     };
     std::set<std::string> differ;
