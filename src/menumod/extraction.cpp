@@ -34,7 +34,12 @@ void Extraction::extractFolder(int handle, const std::string& folder, const std:
     auto destination = underTree ? game_.inDataTree(dest) : game_.at(dest);
     while (destination.ends_with('\\'))
         destination.pop_back();
-    platform::attempt([&] { game_.disk().makeFolder(destination + "\\" + folder); });
+    try {
+        game_.disk().makeFolder(destination + "\\" + folder);
+    } catch (const platform::Failure& failure) {
+        if (onFailure && !failure.is(std::errc::file_exists))
+            onFailure(failure.what());
+    }
     eachEntry(handle, folder, extension, [&](const std::string& name) {
         extractEntry(handle, name, folder, destination + "\\" + name);
     });

@@ -129,6 +129,10 @@ void modTrlx::extractData() {
     extraction.takeOver = [&](int handle, const std::string& name) {
         return holdInMemory(extraction.archives(), handle, name);
     };
+    extraction.onFailure = [this](const std::string& what) {
+        if (std::find(failures_.begin(), failures_.end(), what) == failures_.end())
+            failures_.push_back(what);
+    };
     extraction.forEachArchive([&](int handle) {
         extraction.extractFolder(handle, "guis", "", "", false);
         game_.log().breathe();

@@ -62,6 +62,16 @@ void Disk::finish(std::unique_ptr<PartFile> part, const Target& target) {
     target.noteWritten();
 }
 
+void Disk::checkWritable(const std::string& folder) {
+    aboutToChange(folder);
+    folders_->beginCall();
+    const auto place = folders_->placeOf(folder);
+    if (!place.isInside)
+        fail("write", folder, std::errc::permission_denied);
+    const auto open = folders_->open(place, place.parts.size());
+    PartFile(*raw_, *open, folder, newFileMode).discard();
+}
+
 void Disk::writeFile(const std::string& path, std::string_view bytes) {
     aboutToChange(path);
     folders_->beginCall();

@@ -231,7 +231,12 @@ QWidget* MainView::setupFrame() {
     go->setDefault(true);
     go->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     go->setMinimumWidth(190);
-    grid->addWidget(go, 0, 4, std::max(left, right), 1);
+    const int lines = std::max(left, right);
+    grid->addWidget(go, 0, 4, lines, 1);
+    auto* missing = label(main_.lblGo);
+    missing->setWordWrap(true);
+    missing->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    grid->addWidget(missing, lines, 4);
     grid->setColumnStretch(1, 2);
     grid->setColumnStretch(3, 2);
     grid->setColumnStretch(4, 1);

@@ -14,6 +14,7 @@ namespace {
 
 constexpr auto fallbackDirectory = "P:\\Ostler\\virginTA";
 constexpr auto scanSwitch = "--WIDCF";
+constexpr auto gameProgram = "totala.exe";
 
 } // namespace
 
@@ -50,9 +51,31 @@ void frmMain::Init() {
         startProgram("Vexillum.exe");
         endProgram();
     }
+    checkGameDirectory();
     store_.read();
     readSelection();
     resetGameDirectory();
+}
+
+/// What would fail at the launch is told ahead of it.
+void frmMain::checkGameDirectory() {
+    const auto program = game_.at(gameProgram);
+    lblGo.setText(game_.DoesFileExist(program)
+                      ? ""
+                      : "\"" + std::string(gameProgram) + "\" was not found here.");
+    lblGo.setVisible(!lblGo.text().empty());
+    std::vector<std::string> closed;
+    for (const auto& folder : {game_.TADir(), game_.at(releases::dataTree),
+                               game_.inDataTree("VXL-Changes"), game_.inDataTree("VXL-Sel")})
+        try {
+            game_.disk().checkWritable(folder);
+        } catch (const platform::Failure& failure) {
+            closed.push_back(platform::shownPath(folder) + ": " + failure.reason());
+        }
+    if (!closed.empty())
+        tell("These folders cannot be written, so releases cannot be applied:\r\n\r\n" +
+             platform::shownList(closed) +
+             "\r\nPlease allow writing there and start Vexillum again.");
 }
 
 void frmMain::readSelection() {
@@ -168,7 +191,7 @@ void frmMain::Form_Unload() {
 void frmMain::cmdGo_Click() {
     if (!moveFiles())
         return;
-    startProgram("totala.exe");
+    startProgram(gameProgram);
     saveSelsOrTell();
     endProgram();
 }

@@ -21,6 +21,9 @@ class Extraction {
     /// entry has been taken over. `name` is relative to the folder's parent.
     std::function<bool(int handle, const std::string& name)> takeOver;
 
+    /// Told of each folder that could not be made, if it is set.
+    std::function<void(const std::string& what)> onFailure;
+
     /// Opens each file of the game directory that is an archive and hands its handle to `visit`.
     void forEachArchive(const std::function<void(int handle)>& visit);
 

@@ -187,6 +187,9 @@ class Disk {
     /// failure may leave part of it.
     void removeTree(const std::string& path);
 
+    /// Throws Failure where a folder takes no new files, which is tried.
+    void checkWritable(const std::string& folder);
+
     /// Removes from a folder what processes that run no more left half done there: files and
     /// folders in the making, which have their content elsewhere. Passes over failures, a folder
     /// that is not there among them.

@@ -75,6 +75,7 @@ class frmMain : public Window {
     Button cmdRevert{*this, "cmdRevert", "Revert to Cavedog Settings"};
     Button cmdClean{*this, "cmdClean", "Clean TA Directory"};
     Button cmdGo{*this, "cmdGo", "Launch"};
+    Label lblGo{*this, "lblGo", ""};
     Timer tmrSleep{*this, "tmrSleep", 0};
 
     /// What is chosen of a type, in words: a label and the box beside it.
@@ -131,6 +132,7 @@ class frmMain : public Window {
     // frmMain_run.cpp: the way in and out
     void Form_Load();
     void Form_Unload();
+    void checkGameDirectory();
     void readSelection();
     void resetGameDirectory();
     void tellOfDamage(const cycle::LastLaunch& last);
