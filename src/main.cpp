@@ -4,6 +4,7 @@
 
 #include "platform/instance_lock.h"
 #include "views/qt_toolkit.h"
+#include "views/session_end.h"
 #include "views/style.h"
 #include "windows/frmMain.h"
 #include "windows/title.h"
@@ -25,6 +26,7 @@ int main(int argc, char** argv) {
     const auto disk = platform::makeDisk();
     const auto programs = platform::makePrograms(*disk);
     views::QtToolkit toolkit;
+    const views::SessionEnd sessionEnd(toolkit);
     const auto arguments = QApplication::arguments().mid(1).join(' ');
     windows::frmMain main(
         {*disk, toolkit, *programs, folder, platform::programName(), arguments.toStdString()});

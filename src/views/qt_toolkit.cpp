@@ -93,6 +93,11 @@ void QtToolkit::putOverOwner(WindowView& view) {
     view.move(owner->geometry().center() - view.rect().center());
 }
 
+void QtToolkit::closeMain() {
+    if (mainView_ != nullptr)
+        mainView_->close();
+}
+
 void QtToolkit::hide(windows::Window& window) {
     window.setVisible(false);
     input_.closed(window);

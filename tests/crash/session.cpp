@@ -69,6 +69,8 @@ Session play(const Memory& memory, const std::string& script, Answer answer, con
             fault.look();
         if (change.number == fault.number) {
             session.wasHit = true;
+            if (isTelling)
+                std::printf("at %s %s:\n", std::string(change.call).c_str(), change.name.c_str());
             name = change.name;
             if (!fault.error)
                 throw test::PowerCut();

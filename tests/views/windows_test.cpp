@@ -1,5 +1,7 @@
 // The real windows without a screen: what a person clicks and types reaches the logic, and what the
 // logic sets is seen.
+#include <csignal>
+
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
@@ -8,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "views/session_end.h"
 #include "views/support/window_test.h"
 
 namespace {
@@ -190,6 +193,31 @@ TEST_F(WindowTest, badges_count_what_is_marked_and_what_there_is) {
             find<QWidget>("frmMain")->close();
         },
     });
+}
+
+TEST_F(WindowTest, a_signal_to_end_applies_and_saves) {
+    game.put("Vexillum/Map-New/a.ufo", "new");
+    game.put("a.ufo", "game");
+    std::unique_ptr<views::SessionEnd> end;
+    run({
+        [&] {
+            end = std::make_unique<views::SessionEnd>(*toolkit);
+            chooseTab(4);
+        },
+        [] {
+            auto* list = find<QListView>("lstList");
+            list->setCurrentIndex(list->model()->index(0, 0));
+            key(list, Qt::Key_Space, " ");
+        },
+        [] { find<QAction>("mnuHAboutVXL")->trigger(); },
+        [] {
+            EXPECT_TRUE(find<QWidget>("frmShowReadme")->isVisible()) << "a window stands over it";
+            ::raise(SIGTERM);
+        },
+    });
+    EXPECT_EQ(game.content("a.ufo"), "new");
+    EXPECT_EQ(game.content("Vexillum/VXL-Sel/selMaps.txt"), "New\r\n");
+    EXPECT_TRUE(started.empty());
 }
 
 TEST_F(WindowTest, keys_reach_tabs_and_buttons) {

@@ -25,8 +25,10 @@ void MemoryDisk::NameChange::takeBack() const {
         from->entries[name] = node;
     if (from && to)
         node->entry.changed = changed;
+    else if (from)
+        ++node->entry.names;
     else
-        node->entry.names += from ? 1 : -1;
+        --node->entry.names;
 }
 
 void MemoryDisk::noteNamesSynced(const NodePtr& folder) {

@@ -39,6 +39,9 @@ class QtToolkit : public windows::Toolkit {
     void waitForTimer() override;
     void logged(const std::string& /*line*/) override {}
 
+    /// As if the user closed the first window.
+    void closeMain();
+
     Refresher& refresher() { return refresher_; }
 
     /// Takes what the user did through a widget.
