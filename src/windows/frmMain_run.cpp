@@ -51,10 +51,32 @@ void frmMain::Init() {
         startProgram("Vexillum.exe");
         endProgram();
     }
+    waitForGame();
     checkGameDirectory();
     store_.read();
     readSelection();
     resetGameDirectory();
+}
+
+/// Files that the game has open could not be moved back.
+void frmMain::waitForGame() {
+    const auto program = game_.at(gameProgram);
+    while (machine_.programs.isRunning(program)) {
+        const auto answer = game_.questions().ask(
+            {"The game is still running in this directory, so its files cannot be moved back "
+             "safely.\r\n\r\nWould you like to wait until it has ended, go on all the same, or "
+             "leave?",
+             {"Wait", "Go on", "Leave"}});
+        if (answer == 1)
+            return;
+        if (answer == 2)
+            endProgram();
+        log_.open("Waiting...", "Waiting for the game to end...", LogWindow::Shows::atOnce);
+        do
+            showLogForASecond();
+        while (showReadme_.visible() && machine_.programs.isRunning(program));
+        log_.close();
+    }
 }
 
 /// What would fail at the launch is told ahead of it.

@@ -23,6 +23,7 @@ Session play(const Game& game, const std::string& script, const Play& how) {
     const auto own = platform::makeDisk();
     auto& disk = how.disk != nullptr ? *how.disk : *own;
     headless::RecordedPrograms programs(disk, transcript);
+    programs.looksWhileRunning = how.looksWhileGameRuns;
     windows::frmMain main({disk, *toolkit, programs, game.folder(), "", how.commandLine});
     try {
         main.run();

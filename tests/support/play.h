@@ -29,6 +29,7 @@ struct Play {
     /// The disk that the program gets; the machine's own if there is none.
     platform::Disk* disk = nullptr;
     MakeToolkit makeToolkit = withoutScreen;
+    int looksWhileGameRuns = 0; ///< at the start
 };
 
 /// What cut a session short, or how it ended.

@@ -8,6 +8,7 @@
 //   #: cut N PATH            with the session before it: the power goes before the N-th change of
 //   PATH
 //   #: fail PATH             with the session before it: every change of PATH fails
+//   #: running N             with the session before it: N looks find the game running
 //   #> EVENT                 what the user sees; "..." stands for any text
 //   #= CONTROL[.FIELD] TEXT  the state at this place of the script
 //   #: has PATH [= TEXT], #: no PATH
@@ -97,6 +98,10 @@ class Story {
             cutPath_ = diskPath(rest.substr(rest.find(' ') + 1));
             return;
         }
+        if (word == "running") {
+            running_ = std::stoi(rest);
+            return;
+        }
         if (word == "fail") {
             failing_.insert(platform::foldCase(diskPath(rest)));
             return;
@@ -183,6 +188,7 @@ class Story {
         cutAt_ = 0;
         cutPath_.clear();
         failing_.clear();
+        running_ = 0;
         lastWasState_ = false;
     }
 
@@ -199,7 +205,7 @@ class Story {
         });
         Session session;
         try {
-            session = test::play(game_, script_, {commandLine_, &faulty, makeToolkit_});
+            session = test::play(game_, script_, {commandLine_, &faulty, makeToolkit_, running_});
         } catch (const PowerCut&) {
             return;
         }
@@ -273,6 +279,7 @@ class Story {
     int cutAt_ = 0;
     std::string cutPath_;
     std::set<std::string> failing_;
+    int running_ = 0;
     bool lastWasState_ = false;
     int looks_ = 0;
     std::map<std::string, packing::PackedFiles> packed_;

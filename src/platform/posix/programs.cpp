@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <vector>
 
 #include <fcntl.h>
@@ -13,6 +15,7 @@
 
 #include "platform/disk.h"
 #include "platform/failure.h"
+#include "platform/text.h"
 
 // NOLINTNEXTLINE(readability-redundant-declaration): not every C library declares it
 extern char** environ;
@@ -47,7 +50,36 @@ class PosixPrograms final : public Programs {
         spawn(words, command.kind == Command::Kind::program ? folderOf(path) : std::string());
     }
 
+    bool isRunning(const std::string& program) override {
+        const auto path = disk_.systemPath(program);
+        std::error_code error;
+        for (const auto& process : std::filesystem::directory_iterator("/proc", error))
+            if (runs(process.path(), path))
+                return true;
+        return false;
+    }
+
   private:
+    /// Other people's processes show nothing.
+    static bool runs(const std::filesystem::path& process, const std::string& program) {
+        std::error_code error;
+        const auto executable = std::filesystem::read_symlink(process / "exe", error);
+        if (error)
+            return false;
+        if (executable == program)
+            return true;
+        // Through wine the folder is the game's, and the program is named in the command line.
+        if (std::filesystem::read_symlink(process / "cwd", error) != folderOf(program) || error)
+            return false;
+        std::ifstream file(process / "cmdline", std::ios::binary);
+        const auto name = program.substr(program.rfind('/') + 1);
+        for (std::string argument; std::getline(file, argument, '\0');)
+            if (needsWine(program) &&
+                equalIgnoringCase(argument.substr(argument.find_last_of("/\\") + 1), name))
+                return true;
+        return false;
+    }
+
     static std::string folderOf(const std::string& path) {
         return path.substr(0, path.find_last_of('/'));
     }

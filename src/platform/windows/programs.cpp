@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <tlhelp32.h>
 
 #include "platform/disk.h"
 #include "platform/failure.h"
@@ -40,7 +41,35 @@ class WindowsPrograms final : public Programs {
                           windows::messageOf(static_cast<unsigned long>(result)));
     }
 
+    bool isRunning(const std::string& program) override {
+        const auto path = windows::wide(disk_.systemPath(program));
+        HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+        if (snapshot == INVALID_HANDLE_VALUE)
+            return false;
+        PROCESSENTRY32W entry{};
+        entry.dwSize = sizeof entry;
+        bool found = false;
+        for (BOOL more = Process32FirstW(snapshot, &entry); more != 0 && !found;
+             more = Process32NextW(snapshot, &entry))
+            found = isProgram(entry.th32ProcessID, path);
+        CloseHandle(snapshot);
+        return found;
+    }
+
   private:
+    static bool isProgram(DWORD number, const std::wstring& path) {
+        HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, number);
+        if (process == nullptr)
+            return false;
+        constexpr DWORD longest = 32768;
+        std::wstring image(longest, L'\0');
+        DWORD size = longest;
+        const bool isKnown = QueryFullProcessImageNameW(process, 0, image.data(), &size) != 0;
+        CloseHandle(process);
+        return isKnown && CompareStringOrdinal(image.data(), static_cast<int>(size), path.data(),
+                                               static_cast<int>(path.size()), TRUE) == CSTR_EQUAL;
+    }
+
     Disk& disk_;
 };
 

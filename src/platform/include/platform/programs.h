@@ -36,6 +36,10 @@ class Programs {
     /// (wine, the desktop's opener), the failure names that. How a program fares once it runs is
     /// not told.
     virtual void start(const Command& command) = 0;
+
+    /// Whether a program runs, by its file; one of Windows also where it runs through wine in its
+    /// own folder. False where the system does not tell.
+    virtual bool isRunning(const std::string& program) = 0;
 };
 
 /// Those of this machine. The disk finds programs in any case, and must outlive them.

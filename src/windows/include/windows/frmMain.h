@@ -132,6 +132,7 @@ class frmMain : public Window {
     // frmMain_run.cpp: the way in and out
     void Form_Load();
     void Form_Unload();
+    void waitForGame();
     void checkGameDirectory();
     void readSelection();
     void resetGameDirectory();
