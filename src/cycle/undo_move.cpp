@@ -65,6 +65,8 @@ bool UndoMove::end(const Move& move, bool isDone) {
 }
 
 bool UndoMove::moveBack(const Move& move) {
+    if (platform::equalIgnoringCase(from_, to_))
+        return true;
     // A folder of the journal may stand where a file was that made room for a release's.
     if (move.source.find('\\') == std::string::npos &&
         folders_.contains(platform::foldCase(move.source)))

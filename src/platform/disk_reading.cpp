@@ -58,6 +58,15 @@ std::unique_ptr<RawFile> Disk::openToRead(const std::string& path, std::string_v
     return file;
 }
 
+/// Two paths of one file may be two entries, which are hard links, or two spellings of one.
+bool Disk::isOneEntry(const std::string& one, const std::string& other) {
+    folders_->beginCall();
+    const auto spot = folders_->spotOf(one, "look at");
+    const auto otherSpot = folders_->spotOf(other, "look at");
+    return spot.folder == otherSpot.folder &&
+           spot.folder->spelling(spot.leaf) == otherSpot.folder->spelling(otherSpot.leaf);
+}
+
 bool Disk::holdSame(const std::string& one, const std::string& other) {
     RawEntry entry;
     RawEntry otherEntry;
@@ -66,7 +75,7 @@ bool Disk::holdSame(const std::string& one, const std::string& other) {
     if (entry.size != otherEntry.size)
         return false;
     if (entry.identity == otherEntry.identity)
-        return true;
+        return !isOneEntry(one, other);
     std::vector<std::uint8_t> block(largestBlock);
     std::vector<std::uint8_t> otherBlock(largestBlock);
     for (;;) {

@@ -27,7 +27,10 @@ rule "windows.h belongs into platform/windows/ alone:" '#include *<windows\.h>' 
 rule "A public header of a room must not lean on a private one:" '#include "[a-z_]+\.h"' src/*/include
 
 for file in $(find tests -name '*_test.cpp' -o -path 'tests/fuzz/*.cpp' | sed 's,^tests/,,'); do
-    grep -qF "$file" tests/CMakeLists.txt || fail "tests/$file is in no build"
+    target=${file#fuzz/}
+    grep -qF "$file" tests/CMakeLists.txt ||
+        grep -q "add_fuzz_target(${target%_fuzz.cpp} " tests/CMakeLists.txt ||
+        fail "tests/$file is in no build"
 done
 for file in $(find src tests bench demo -name '*.cpp' -o -name '*.h'); do
     head -n 1 "$file" | grep -q '^// ' || fail "$file does not say on its first line what it is for"

@@ -30,6 +30,26 @@ int main(int argc, char** argv) {
     put("zip/packed", packing::packZip(members));
     put("zip/stored", packing::packZip(members, "zip:compression=store"));
     put("zip/hostile", packing::packZip({{"../a", "a"}, {"C:\\b", "b"}, {"/c", "c"}}));
+    const std::string moves = "a.ufo\r\nVexillum\\TC-C\\b.ufo\r\n"
+                              "Vexillum\\Map-A\\a.ufo\r\na.ufo\r\n";
+    const auto journal = "MKDIRS\r\nmaps\r\nMOVES\r\n" + moves;
+    const std::string human = " Folder Made If Not Existing:\r\nmaps\r\n Move for C 3:\r\n"
+                              "a.ufo\t --> \tVexillum\\TC-C\\b.ufo\r\n Move for A 1:\r\n"
+                              "Vexillum\\Map-A\\a.ufo\t --> \ta.ufo\r\n";
+    const std::string state =
+        "SIZE 77\r\nCHECKSUM 0123abcd\r\napplied\r\nCARRIED OUT\r\nFAILED 2\r\nEND\r\n";
+    put("changes/journal", journal);
+    put("changes/human", human);
+    put("changes/pending", journal + "END\r\n");
+    put("changes/state", state);
+    put("changes/notes", "guis\\A1.gui\r\ndownload\\b.tdf\r\nMADE\r\nEND\r\n");
+    for (const char flags : {'\0', '\4', '\14', '\17'})
+        put("reset/" + std::to_string(flags), flags + journal + '\f' + human + '\f' +
+                                                  (flags == 0 ? state + '\f' : "") + journal +
+                                                  "END\r\n");
+    put("selection/names", "Cavedog TA\r\n\r\nMisc-a.ufo\r\nA Map\r\n");
+    put("selection/modifier", "True\r\nFalse\r\nTrue\r\n");
+    put("selection/codes", "*\r\nany\r\nTA\r\n\r\n");
     put("menu/page", "\1name=UNIT1;\r\nheight=64;\r\nname=igpatch;\r\nheight=64;\r\n");
     put("menu/download", "\2[MENUENTRY1]\r\n{\r\n\tUNITMENU=XYZ;\r\n\tMENU=-3.5;\r\n\tBUTTON=7;\r\n"
                          "\tUNITNAME=UNIT2;\r\n}\r\n");

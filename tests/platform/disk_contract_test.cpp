@@ -49,6 +49,16 @@ TEST_P(DiskContract, an_entry_is_found_in_any_case_also_after_changes) {
     EXPECT_EQ(disk->systemPath(in("MAPS\\none\\x")), world->folder() + "/Maps/none/x");
 }
 
+TEST_P(DiskContract, equal_bytes_are_those_of_two_entries) {
+    world->put("a.ufo", "x");
+    world->put("maps/a.ufo", "x");
+    world->put("other", "y");
+    EXPECT_TRUE(disk->holdSame(in("A.ufo"), in("maps\\a.ufo")));
+    EXPECT_FALSE(disk->holdSame(in("a.ufo"), in("other")));
+    EXPECT_FALSE(disk->holdSame(in("maps\\a.ufo"), in("MAPS\\A.UFO"))) << "one entry is no copy";
+    EXPECT_THROW(disk->holdSame(in("a.ufo"), in("maps")), Failure);
+}
+
 TEST_P(DiskContract, letters_beyond_ascii_fold_too) {
     world->put("\xC3\x84rger/kelvin", "x"); // a capital umlaut
     EXPECT_EQ(disk->readFile(in("\xC3\xA4RGER\\KELVIN")), "x");

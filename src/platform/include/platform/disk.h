@@ -127,7 +127,8 @@ class Disk {
     /// makes no difference, but a folder of the user's own is read through links.
     bool leadsThroughLink(const std::string& folder, const std::string& relative);
 
-    /// Whether two paths lead to files with the same bytes. Throws for what is no readable file.
+    /// Whether two entries are files with the same bytes; an entry is no copy of itself. Throws for
+    /// what is no readable file.
     bool holdSame(const std::string& one, const std::string& other);
 
     /// Bytes in a file.
@@ -208,6 +209,7 @@ class Disk {
 
     std::unique_ptr<RawFile> openToRead(const std::string& path, std::string_view call,
                                         RawEntry& entry);
+    bool isOneEntry(const std::string& one, const std::string& other);
     void finish(std::unique_ptr<PartFile> part, const Target& target);
     Target targetOf(const Spot& spot, const std::string& path);
     void overwrite(const Target& target, const std::string& path, std::string_view bytes);
