@@ -73,7 +73,11 @@ class Tree {
     }
 
     void select() const { put("Vexillum/VXL-Sel/selMods.txt", selection_); }
-    void forgetJournal() const { put("Vexillum/VXL-Changes/Internal.txt", "MKDIRS\r\nMOVES\r\n"); }
+    void forgetJournal() const {
+        put("Vexillum/VXL-Changes/Internal.txt", "MKDIRS\r\nMOVES\r\n");
+        for (const auto* file : {"Human.txt", "State.txt"})
+            fs::remove(root_ / "Vexillum/VXL-Changes" / file);
+    }
 
   private:
     void addReleaseFile(int i, std::string& names) {

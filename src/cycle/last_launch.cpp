@@ -2,6 +2,8 @@
 // out of another launch.
 #include "cycle/last_launch.h"
 
+#include <utility>
+
 #include "cycle/change_files.h"
 #include "formats/state.h"
 #include "platform/failure.h"
@@ -41,11 +43,11 @@ void take(LastLaunch& last, formats::Journal journal, std::string bytes,
 }
 
 void readJournal(const releases::GameDirectory& game, LastLaunch& last) {
-    const auto text = readText(game, journalFile(game));
-    const auto journal = formats::readJournal(text.bytes);
+    auto text = readText(game, journalFile(game));
+    auto journal = formats::readJournal(text.bytes);
     const auto state = formats::readState(readText(game, stateFile(game)).bytes);
     if (state && journal && formats::fits(*state, text.bytes))
-        return take(last, *journal, text.bytes, state);
+        return take(last, std::move(*journal), std::move(text.bytes), state);
     const auto twin = formats::readHuman(readText(game, humanFile(game)).bytes);
     const auto twinBytes = twin ? formats::journalText(*twin) : std::string();
     if (state && twin && formats::fits(*state, twinBytes)) {

@@ -6,6 +6,7 @@
 
 #include "platform/text.h"
 #include "releases/release_types.h"
+#include "trellis_removal.h"
 
 namespace cycle {
 namespace {
@@ -24,9 +25,14 @@ void removeBelow(const releases::GameDirectory& game, const std::string& folder,
 
 } // namespace
 
-void removeLeftOvers(const releases::GameDirectory& game) {
-    removeBelow(game, game.TADir(), 1);
-    removeBelow(game, game.at(releases::dataTree), 2);
+void removeLeftOvers(const releases::GameDirectory& game, bool everywhere) {
+    removeBelow(game, game.TADir(), everywhere ? 1 : 0);
+    if (everywhere)
+        return removeBelow(game, game.at(releases::dataTree), 2);
+    for (const auto* folder : modifierFolders)
+        removeBelow(game, game.at(folder), 0);
+    for (const auto* folder : {"VXL-Changes", "VXL-Sel"})
+        removeBelow(game, game.inDataTree(folder), 0);
 }
 
 } // namespace cycle

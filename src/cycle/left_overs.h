@@ -5,8 +5,8 @@
 
 namespace cycle {
 
-/// Removes files in the making from all folders that the program writes to. Passes over every
-/// failure.
-void removeLeftOvers(const releases::GameDirectory& game);
+/// Removes files in the making from all folders that the program writes to, or from those alone
+/// that it writes to behind the moves. Passes over every failure.
+void removeLeftOvers(const releases::GameDirectory& game, bool everywhere);
 
 } // namespace cycle

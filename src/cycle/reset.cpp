@@ -72,8 +72,9 @@ Unfinished undo(releases::GameDirectory& game, const LastLaunch& last, bool modi
     log.stage("Unmoving Files...");
     if (last.wasRecovered)
         log.line("The journal was missing or damaged and is read out of its twin \"Human.txt\"");
-    // They would keep folders from going.
-    removeLeftOvers(game);
+    // They would keep folders from going. A run that came to the end of its moves left none on the
+    // way, and looking through all releases takes long.
+    removeLeftOvers(game, last.trust != Trust::carriedOut);
     game.beginMoves();
     std::vector<Journal::Move> left;
     UndoMove moves(game, last);

@@ -1,8 +1,11 @@
 // One file a type, in the order of the tabs, and one for the modifier.
 #include "cycle/selection_files.h"
 
+#include <functional>
+
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "platform/write_batch.h"
 
 namespace cycle {
 namespace {
@@ -11,6 +14,20 @@ constexpr std::string_view modifierFile = "selTrlx.txt";
 
 std::string pathOf(const releases::GameDirectory& game, std::string_view file) {
     return game.inDataTree("VXL-Sel\\" + std::string(file));
+}
+
+/// All files or none, unless the disk fails in between.
+void write(const releases::GameDirectory& game,
+           const std::function<std::string(const releases::TypeInfo&)>& textOf,
+           const std::string& modifierText) {
+    platform::WriteBatch batch(game.disk());
+    const auto put = [&](std::string_view file, const std::string& text) {
+        game.disk().writePieces(pathOf(game, file), [&](const auto& sink) { sink(text); });
+    };
+    for (const auto* info : releases::typesByTab())
+        put(info->selectionFile, textOf(*info));
+    put(modifierFile, modifierText);
+    batch.commit();
 }
 
 } // namespace
@@ -33,15 +50,16 @@ std::vector<std::string> readSels(const releases::GameDirectory& game, Selection
 }
 
 void saveSels(const releases::GameDirectory& game, const Selection& selection) {
-    for (const auto* info : releases::typesByTab())
-        game.disk().replaceFile(pathOf(game, info->selectionFile), selection.textOf(info->type));
-    game.disk().replaceFile(pathOf(game, modifierFile), selection.modifierText());
+    write(
+        game, [&](const auto& info) { return selection.textOf(info.type); },
+        selection.modifierText());
+    game.disk().flush();
 }
 
 void killSels(const releases::GameDirectory& game) {
-    for (const auto* info : releases::typesByTab())
-        game.disk().replaceFile(pathOf(game, info->selectionFile), platform::lineBreak);
-    game.disk().replaceFile(pathOf(game, modifierFile), platform::lineBreak);
+    write(
+        game, [](const auto& /*info*/) { return std::string(platform::lineBreak); },
+        std::string(platform::lineBreak));
 }
 
 } // namespace cycle

@@ -2,7 +2,6 @@
 // all that comes to lie in them.
 #include "trellis_removal.h"
 
-#include <array>
 #include <optional>
 #include <set>
 #include <string>
@@ -14,8 +13,6 @@
 
 namespace cycle {
 namespace {
-
-constexpr std::array<const char*, 3> folders = {"anims", "download", "guis"};
 
 class Removal {
   public:
@@ -31,7 +28,7 @@ class Removal {
         const auto madeAt = read.notes.isMade ? game_.disk().factsOf(file).changed : 0;
         for (const auto& path : read.notes.files)
             remove(path, madeAt);
-        for (const auto* folder : folders)
+        for (const auto* folder : modifierFolders)
             removeFolder(folder, read.isWhole);
         if (!stayed_.empty())
             tell();

@@ -30,6 +30,11 @@ UndoMove::UndoMove(releases::GameDirectory& game, const LastLaunch& last)
     if (last.trust != Trust::undone)
         for (const auto& folder : last.journal.folders)
             folders_.insert(platform::foldCase(folder));
+    if (last.trust == Trust::carriedOut)
+        ahead_.emplace(game.disk(), last.journal.moves.size(),
+                       [&game, &last](std::size_t number, std::string& path) {
+                           game.at(last.journal.moves[number].destination, path);
+                       });
 }
 
 bool UndoMove::undo(std::size_t number) {
@@ -39,14 +44,14 @@ bool UndoMove::undo(std::size_t number) {
     if (last_.trust == Trust::undone || last_.failedMoves.contains(number))
         game_.logFailedMove(from_, to_);
     else
-        isDone = moveBack(move);
+        isDone = moveBack(move, ahead_ ? ahead_->factsOf(number) : game_.disk().factsOf(from_));
     return end(move, isDone);
 }
 
 bool UndoMove::undoPending(const Move& move) {
     begin(move);
     isPending_ = true;
-    const bool isDone = moveBack(move);
+    const bool isDone = moveBack(move, game_.disk().factsOf(from_));
     isPending_ = false;
     return end(move, isDone);
 }
@@ -64,14 +69,13 @@ bool UndoMove::end(const Move& move, bool isDone) {
     return isDone;
 }
 
-bool UndoMove::moveBack(const Move& move) {
+bool UndoMove::moveBack(const Move& move, const platform::EntryFacts& file) {
     if (platform::equalIgnoringCase(from_, to_))
         return true;
     // A folder of the journal may stand where a file was that made room for a release's.
     if (move.source.find('\\') == std::string::npos &&
         folders_.contains(platform::foldCase(move.source)))
         platform::attempt([&] { game_.disk().removeFolder(to_); });
-    const auto file = game_.disk().factsOf(from_);
     const bool isOurs = file.kind == EntryKind::file && this->isOurs(move, file);
     if (isOurs) {
         const auto outcome = game_.tryMove(from_, to_);

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "cycle/last_launch.h"
+#include "platform/look_ahead.h"
 #include "releases/game_directory.h"
 
 namespace cycle {
@@ -28,7 +30,7 @@ class UndoMove {
 
     void begin(const Move& move);
     bool end(const Move& move, bool isDone);
-    bool moveBack(const Move& move);
+    bool moveBack(const Move& move, const platform::EntryFacts& file);
     bool settleBoth(const Move& move, const platform::EntryFacts& file);
     bool isOurs(const Move& move, const platform::EntryFacts& file);
     bool isCopy(const Move& move);
@@ -40,6 +42,8 @@ class UndoMove {
 
     releases::GameDirectory& game_;
     const LastLaunch& last_;
+    /// Of each destination; only where no move changes what another finds.
+    std::optional<platform::LookAhead> ahead_;
     bool isPending_ = false;
     /// Where the files of the game that had to make room wait, by their places, case folded.
     std::unordered_map<std::string, std::string> displaced_;

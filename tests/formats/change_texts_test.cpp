@@ -1,8 +1,11 @@
 // The texts that tell of changes, cut and damaged: what is not whole must not pass for it.
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "formats/journal.h"
 #include "formats/state.h"
+#include "formats/trellis_notes.h"
 
 namespace formats {
 namespace {
@@ -70,6 +73,24 @@ TEST(ChangeTexts, with_a_byte_changed_are_not_taken_for_whole) {
     for (const auto* cut : {"MKDIRS\r\nMOVES\r\na\r\n", "MKDIRS\r\nMOVES\r\na\r\nb", "MKDIRS\r\n"})
         EXPECT_FALSE(looksWhole(cut)) << cut;
     EXPECT_TRUE(looksWhole("MOVES\r\nMKDIRS\r\nMOVES\r\na\r\nb\r\n"));
+}
+
+TEST(TrellisNotes, hold_what_may_be_removed_and_nothing_else) {
+    const TrellisNotes made = {{"guis\\A1.gui", "download\\u.tdf", "anims\\x\\b.gaf"}, true};
+    const auto text = trellisNotesText(made);
+    const auto whole = readTrellisNotes(text);
+    EXPECT_TRUE(whole.isWhole);
+    EXPECT_TRUE(whole.notes.isMade);
+    EXPECT_EQ(whole.notes.files, made.files);
+    for (std::size_t size = 0; size < text.size(); ++size) {
+        const auto cut = readTrellisNotes(text.substr(0, size));
+        EXPECT_FALSE(cut.isWhole) << size;
+        for (const auto& file : cut.notes.files)
+            EXPECT_TRUE(std::count(made.files.begin(), made.files.end(), file)) << file;
+    }
+    for (const auto* away : {"..\\a", "guis\\..\\..\\a", "C:\\a", "\\etc\\x", "totala.exe", ""})
+        EXPECT_TRUE(readTrellisNotes(std::string(away) + "\r\nEND\r\n").notes.files.empty())
+            << away;
 }
 
 } // namespace

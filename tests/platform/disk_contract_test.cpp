@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/failure.h"
+#include "platform/look_ahead.h"
 #include "support/disk_worlds.h"
 
 namespace platform {
@@ -57,6 +58,27 @@ TEST_P(DiskContract, equal_bytes_are_those_of_two_entries) {
     EXPECT_FALSE(disk->holdSame(in("a.ufo"), in("other")));
     EXPECT_FALSE(disk->holdSame(in("maps\\a.ufo"), in("MAPS\\A.UFO"))) << "one entry is no copy";
     EXPECT_THROW(disk->holdSame(in("a.ufo"), in("maps")), Failure);
+}
+
+TEST_P(DiskContract, looking_ahead_tells_what_looking_tells) {
+    for (int i = 0; i < 300; i += 2)
+        world->put("Maps/a" + std::to_string(i), std::string(static_cast<std::size_t>(i), 'x'));
+    const auto path = [this](std::size_t number, std::string& text) {
+        text = number == 1 ? in("maps") : in("maps\\A" + std::to_string(number));
+    };
+    for (const std::size_t count : {0U, 3U, 300U}) {
+        LookAhead ahead(*disk, count, path);
+        for (std::size_t number = 0; number < count; ++number) {
+            std::string text;
+            path(number, text);
+            const auto known = disk->factsOf(text);
+            const auto facts = ahead.factsOf(number);
+            EXPECT_EQ(facts.kind, known.kind) << number;
+            EXPECT_EQ(facts.size, known.size) << number;
+            EXPECT_EQ(facts.changed, known.changed) << number;
+        }
+    }
+    const LookAhead unasked(*disk, 100'000, path);
 }
 
 TEST_P(DiskContract, letters_beyond_ascii_fold_too) {

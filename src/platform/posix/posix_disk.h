@@ -35,6 +35,7 @@ inline int numberOf(const RawFile& file) {
 class PosixDisk final : public RawDisk {
   public:
     bool ignoresCase() const override { return false; }
+    bool servesThreads() const override { return true; }
 
     // folders.cpp
     Error openRoot(const std::string& path, std::unique_ptr<RawFolder>& folder) override;

@@ -48,6 +48,7 @@ std::error_code setHandleLike(HANDLE handle, const RawEntry& model);
 class WindowsDisk final : public RawDisk {
   public:
     bool ignoresCase() const override { return true; }
+    bool servesThreads() const override { return true; }
 
     // folders.cpp
     Error openRoot(const std::string& path, std::unique_ptr<RawFolder>& folder) override;

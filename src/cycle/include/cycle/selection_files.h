@@ -14,11 +14,12 @@ namespace cycle {
 /// with its path.
 std::vector<std::string> readSels(const releases::GameDirectory& game, Selection& selection);
 
-/// Writes all files in their order. Throws Failure at the first that cannot be written; a crash
-/// leaves each file old or new, whole.
+/// Writes all files, which are there to stay when it returns. Throws Failure, mostly with none
+/// written; a crash leaves each file old or new, whole.
 void saveSels(const releases::GameDirectory& game, const Selection& selection);
 
-/// Blanks all files, which marks that a run has begun. Fails as saveSels does.
+/// Blanks all files, which marks that a run has begun. Fails as saveSels does. A power cut may
+/// bring the old ones back, whole.
 void killSels(const releases::GameDirectory& game);
 
 } // namespace cycle

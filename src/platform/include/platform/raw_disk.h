@@ -85,6 +85,8 @@ class RawDisk {
 
     /// Whether names that differ in case alone are one name to the system.
     virtual bool ignoresCase() const = 0;
+    /// Whether calls may come from several threads at once.
+    virtual bool servesThreads() const { return false; }
 
     /// Opens a folder by its absolute path in the system's own form; links in it are followed.
     virtual Error openRoot(const std::string& path, std::unique_ptr<RawFolder>& folder) = 0;
