@@ -8,6 +8,7 @@
 #include "platform/paths.h"
 #include "platform/raw_disk.h"
 #include "platform/text.h"
+#include "shared_files.h"
 #include "system_path.h"
 
 namespace platform {
@@ -27,7 +28,8 @@ EntryFacts factsOfEntry(const RawEntry& entry) {
 } // namespace
 
 Disk::Disk(std::shared_ptr<RawDisk> raw)
-    : raw_(std::move(raw)), folders_(std::make_unique<FolderCache>(*raw_)) {}
+    : raw_(std::move(raw)), folders_(std::make_unique<FolderCache>(*raw_)),
+      sharedFiles_(std::make_unique<SharedFiles>()) {}
 
 Disk::~Disk() = default;
 

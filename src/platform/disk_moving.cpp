@@ -8,6 +8,7 @@
 #include "platform/raw_disk.h"
 #include "platform/relative_path.h"
 #include "platform/text.h"
+#include "shared_files.h"
 #include "tree.h"
 
 namespace platform {
@@ -69,8 +70,7 @@ bool Disk::move(const Spot& source, const Spot& target, const std::string& to) {
     if (error && error == std::errc::file_exists)
         return false;
     if (error && error == std::errc::cross_device_link) {
-        if (!moveAcross(*raw_, from, name, *target.folder, target.leaf, to,
-                        [&] { return folders_->syncWayTo(to); }))
+        if (!moveToOtherDisk(from, name, target, to))
             return false;
     } else {
         check(error, "move", to);
@@ -80,6 +80,35 @@ bool Disk::move(const Spot& source, const Spot& target, const std::string& to) {
     target.folder->noteAdded(target.leaf);
     if (wasOpened)
         folders_->forgetPaths();
+    return true;
+}
+
+bool Disk::moveToOtherDisk(Folder& from, const std::string& name, const Spot& target,
+                           const std::string& to) {
+    RawEntry entry;
+    check(raw_->look(from.raw(), name, Links::kept, entry), "move", to);
+    auto& folder = *target.folder;
+    // A second name for the copy that another name has got already.
+    const auto link = [&](const std::string& newName) {
+        const auto known = sharedFiles_->copyOf(entry);
+        if (!known)
+            return false;
+        const auto copy = folders_->spotOf(*known, "move");
+        const auto facts = copy.folder->look(copy.leaf, Links::kept);
+        return facts && facts->kind == RawKind::file && facts->size == entry.size &&
+               facts->modified == entry.modified &&
+               !raw_->hardLink(copy.folder->raw(), copy.leaf, folder.raw(), newName);
+    };
+    const auto copy = [&](const std::string& newName) {
+        bool isLinked = false;
+        attempt([&] { isLinked = link(newName); });
+        return isLinked ? std::error_code()
+                        : copyEntry(*raw_, from.raw(), name, folder.raw(), newName);
+    };
+    if (!moveAcross(*raw_, from, name, folder, target.leaf, to, copy,
+                    [&] { return folders_->syncWayTo(to); }))
+        return false;
+    sharedFiles_->noteMoved(entry, to);
     return true;
 }
 

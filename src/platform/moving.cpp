@@ -88,20 +88,21 @@ std::error_code renameWithoutReplacing(RawDisk& disk, RawFolder& from, const std
 
 bool moveAcross(RawDisk& disk, Folder& from, const std::string& name, Folder& to,
                 const std::string& newName, std::string_view path,
+                const std::function<std::error_code(const std::string& name)>& copy,
                 const std::function<std::error_code()>& syncNewName) {
-    auto copy = nextPartName();
-    const auto takeCopyAway = [&] { removeEntry(disk, to.raw(), copy, ReadOnly::goes); };
+    auto copyName = nextPartName();
+    const auto takeCopyAway = [&] { removeEntry(disk, to.raw(), copyName, ReadOnly::goes); };
     to.noteChanged();
     return orUndo(
         [&] {
-            check(copyEntry(disk, from.raw(), name, to.raw(), copy), "move", path);
-            const auto error = renameWithoutReplacing(disk, to.raw(), copy, to.raw(), newName);
+            check(copy(copyName), "move", path);
+            const auto error = renameWithoutReplacing(disk, to.raw(), copyName, to.raw(), newName);
             if (error == std::errc::file_exists) {
                 takeCopyAway();
                 return false;
             }
             check(error, "move", path);
-            copy = newName;
+            copyName = newName;
             check(syncNewName(), "move", path);
             check(removeOriginal(disk, from, name), "move", path);
             return true;

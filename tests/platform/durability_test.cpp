@@ -312,6 +312,44 @@ TEST(Durability, a_folder_across_disks_keeps_permissions_times_and_hard_links) {
               memory.entry("/game/other/mod/locked/b").identity);
 }
 
+TEST(Durability, names_of_one_file_that_move_one_by_one_stay_names_of_one_file) {
+    const auto none = [](platform::MemoryDisk&) {};
+    struct Row {
+        const char* what;
+        std::function<void(platform::MemoryDisk&)> between;
+        bool areOne;
+    };
+    const Row rows[] = {
+        {"calm", none, true},
+        {"the copy edited", [](auto& memory) { memory.put("/game/other/a", "new"); }, false},
+        {"the copy gone", [](auto& memory) { memory.remove("/game/other/a"); }, false},
+        {"the rest edited", [](auto& memory) { memory.put("/game/b", "edit"); }, false},
+    };
+    for (const auto& row : rows) {
+        Machine machine;
+        auto& memory = *machine.memory;
+        memory.put("/game/a", "bytes");
+        const auto disk = machine.disk();
+        std::unique_ptr<RawFolder> game;
+        ASSERT_FALSE(memory.openRoot("/game", game));
+        ASSERT_FALSE(memory.hardLink(*game, "a", *game, "b"));
+        ASSERT_FALSE(memory.hardLink(*game, "a", *game, "c"));
+        EXPECT_TRUE(disk->moveEntry("/game\\a", "/game\\other\\a"));
+        row.between(memory);
+        const auto rest = memory.content("/game/b");
+        EXPECT_TRUE(disk->moveEntry("/game\\b", "/game\\other\\made\\b"));
+        EXPECT_EQ(memory.content("/game/other/made/b"), rest) << row.what;
+        if (memory.has("/game/other/a")) {
+            const bool areOne = memory.entry("/game/other/a").identity ==
+                                memory.entry("/game/other/made/b").identity;
+            EXPECT_EQ(areOne, row.areOne) << row.what;
+        }
+        EXPECT_TRUE(disk->moveEntry("/game\\c", "/game\\other\\c"));
+        EXPECT_EQ(memory.content("/game/other/c"), "bytes") << row.what;
+        EXPECT_EQ(machine.files(), withoutParts(machine.files())) << row.what;
+    }
+}
+
 TEST(Durability, a_name_taken_while_the_copy_was_made_is_not_taken_over) {
     Machine machine;
     machine.memory->put("/game/mod", "ours");

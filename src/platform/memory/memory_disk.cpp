@@ -157,6 +157,8 @@ RawDisk::Error MemoryDisk::map(RawFile& file, std::unique_ptr<FileView>& view) {
 RawDisk::Error MemoryDisk::setLike(RawFile& file, const RawEntry& model) {
     auto& own = nodeOf(file).entry;
     own.mode = model.mode;
+    own.owner = model.owner;
+    own.group = model.group;
     own.accessed = model.accessed;
     own.modified = model.modified;
     own.changed = nextTime();
@@ -166,6 +168,8 @@ RawDisk::Error MemoryDisk::setLike(RawFile& file, const RawEntry& model) {
 RawDisk::Error MemoryDisk::setLike(RawFolder& folder, const RawEntry& model) {
     auto& own = nodeOf(folder).entry;
     own.mode = model.mode;
+    own.owner = model.owner;
+    own.group = model.group;
     own.accessed = model.accessed;
     own.modified = model.modified;
     own.changed = nextTime();

@@ -4,7 +4,9 @@
 #include <array>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include "descriptor.h"
 #include "platform/raw_disk.h"
 
 namespace platform::posix {
@@ -31,6 +33,8 @@ inline RawEntry entryOf(const struct stat& found) {
     entry.size = static_cast<std::uint64_t>(found.st_size);
     entry.names = static_cast<std::uint64_t>(found.st_nlink);
     entry.mode = static_cast<std::uint32_t>(found.st_mode & 07777U);
+    entry.owner = found.st_uid;
+    entry.group = found.st_gid;
 #ifdef __APPLE__
     entry.accessed = timeOf(found.st_atimespec);
     entry.modified = timeOf(found.st_mtimespec);
@@ -56,6 +60,18 @@ inline std::array<timespec, 2> timesOf(const RawEntry& entry) {
         return parts;
     };
     return {split(entry.accessed), split(entry.modified)};
+}
+
+/// Owner, permissions and times of an open entry. Only the superuser may give a file away, but its
+/// owner may give it to another group of his.
+inline std::error_code setLikeModel(int descriptor, const RawEntry& model) {
+    constexpr auto unchanged = static_cast<uid_t>(-1);
+    // Behind a change of the owner the system may take permissions away, so those come later.
+    if (::fchown(descriptor, model.owner, model.group) != 0)
+        static_cast<void>(::fchown(descriptor, unchanged, model.group) == 0);
+    const auto error = errorOf(::fchmod(descriptor, static_cast<mode_t>(model.mode)));
+    const auto timeError = errorOf(::futimens(descriptor, timesOf(model).data()));
+    return error ? error : timeError;
 }
 
 } // namespace platform::posix

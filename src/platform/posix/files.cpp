@@ -103,9 +103,7 @@ RawDisk::Error PosixDisk::map(RawFile& file, std::unique_ptr<FileView>& view) {
 }
 
 RawDisk::Error PosixDisk::setLike(RawFile& file, const RawEntry& model) {
-    const auto error = errorOf(::fchmod(numberOf(file), static_cast<mode_t>(model.mode)));
-    const auto timeError = errorOf(::futimens(numberOf(file), timesOf(model).data()));
-    return error ? error : timeError;
+    return setLikeModel(numberOf(file), model);
 }
 
 RawDisk::Error PosixDisk::sync(RawFile& file) {

@@ -94,9 +94,7 @@ RawDisk::Error PosixDisk::lookAt(RawFolder& folder, RawEntry& entry) {
 }
 
 RawDisk::Error PosixDisk::setLike(RawFolder& folder, const RawEntry& model) {
-    const auto error = errorOf(::fchmod(numberOf(folder), static_cast<mode_t>(model.mode)));
-    const auto timeError = errorOf(::futimens(numberOf(folder), timesOf(model).data()));
-    return error ? error : timeError;
+    return setLikeModel(numberOf(folder), model);
 }
 
 RawDisk::Error PosixDisk::sync(RawFolder& folder) {

@@ -18,6 +18,7 @@ class PartFile;
 class RawDisk;
 class RawFile;
 struct RawEntry;
+class SharedFiles;
 struct Spot;
 class WriteBatch;
 
@@ -162,7 +163,9 @@ class Disk {
     /// anything of the new name is there.
     ///
     /// Across disks the whole entry is copied beside its new place, permissions, times, links and
-    /// hard links included, and synced before it gets its name; only then the original goes.
+    /// hard links included, the owner where that is allowed, and synced before it gets its name;
+    /// only then the original goes. Names of one file that are moved one by one are names of one
+    /// file there too.
     bool moveEntry(const std::string& from, const std::string& to);
 
     /// Gives an entry another name in its folder, also one that differs in case alone. False, with
@@ -214,11 +217,14 @@ class Disk {
     Target targetOf(const Spot& spot, const std::string& path);
     void overwrite(const Target& target, const std::string& path, std::string_view bytes);
     bool move(const Spot& source, const Spot& target, const std::string& to);
+    bool moveToOtherDisk(Folder& from, const std::string& name, const Spot& target,
+                         const std::string& to);
     void remove(const std::string& path,
                 const std::function<std::error_code(Folder&, const std::string&)>& step);
 
     std::shared_ptr<RawDisk> raw_;
     std::unique_ptr<FolderCache> folders_;
+    std::unique_ptr<SharedFiles> sharedFiles_;
     friend class WriteBatch;
     WriteBatch* batch_ = nullptr;
 };

@@ -33,6 +33,9 @@ struct RawEntry {
     std::uint64_t size = 0;
     std::uint64_t names = 1; ///< hard links
     std::uint32_t mode = 0;  ///< permissions, as far as the system has them
+    /// By the system's numbers, where it has such.
+    std::uint32_t owner = 0;
+    std::uint32_t group = 0;
     FileTime accessed = 0;
     FileTime modified = 0;
     /// When anything about the entry last changed: content, name, permissions. Nobody can set it; 0
@@ -119,7 +122,8 @@ class RawDisk {
     virtual Error map(RawFile& file, std::unique_ptr<FileView>& view) = 0;
 
     /// Gives an entry the permissions and times of another. Where the disk can hold but one of the
-    /// two, that is set all the same.
+    /// two, that is set all the same. Owner and group come too where that is allowed; no error
+    /// tells of them.
     virtual Error setLike(RawFile& file, const RawEntry& model) = 0;
     virtual Error setLike(RawFolder& folder, const RawEntry& model) = 0;
 
