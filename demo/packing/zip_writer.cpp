@@ -12,12 +12,18 @@ std::string packZip(const PackedFiles& files, const char* options) {
     // Names are converted by the locale; in the plainest one they would not come through.
     const auto utf8 = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
     const auto before = ::uselocale(utf8);
-    std::string bytes(1 << 20, '\0');
-    std::size_t used = 0;
+    std::string bytes;
     auto* writer = archive_write_new();
     archive_write_set_format_zip(writer);
     archive_write_set_options(writer, options);
-    archive_write_open_memory(writer, bytes.data(), bytes.size(), &used);
+    archive_write_set_bytes_in_last_block(writer, 1);
+    archive_write_open(
+        writer, &bytes, nullptr,
+        [](archive* /*writer*/, void* into, const void* piece, std::size_t size) {
+            static_cast<std::string*>(into)->append(static_cast<const char*>(piece), size);
+            return static_cast<la_ssize_t>(size);
+        },
+        nullptr);
     for (const auto& [name, content] : files) {
         auto* entry = archive_entry_new();
         archive_entry_copy_pathname(entry, name.c_str());
@@ -30,7 +36,6 @@ std::string packZip(const PackedFiles& files, const char* options) {
     }
     archive_write_close(writer);
     archive_write_free(writer);
-    bytes.resize(used);
     ::uselocale(before);
     ::freelocale(utf8);
     return bytes;

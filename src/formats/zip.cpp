@@ -2,7 +2,6 @@
 #include "formats/zip.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <vector>
 
@@ -26,15 +25,13 @@ class Utf8Locale {
 #ifdef _WIN32
     Utf8Locale() = default;
 #else
-    Utf8Locale() : own_(::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)) {
-        if (own_ != nullptr)
-            before_ = ::uselocale(own_);
+    Utf8Locale() {
+        if (const auto own = shared())
+            before_ = ::uselocale(own);
     }
     ~Utf8Locale() {
-        if (own_ == nullptr)
-            return;
-        ::uselocale(before_);
-        ::freelocale(own_);
+        if (before_ != nullptr)
+            ::uselocale(before_);
     }
 #endif
     Utf8Locale(const Utf8Locale&) = delete;
@@ -42,7 +39,12 @@ class Utf8Locale {
 
   private:
 #ifndef _WIN32
-    locale_t own_;
+    /// Made once: it is read out of files.
+    static locale_t shared() {
+        static const auto own = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+        return own;
+    }
+
     locale_t before_ = nullptr;
 #endif
 };
@@ -55,6 +57,7 @@ struct ZipReader::Handle {
     std::unique_ptr<platform::FileReader> file;
     la_int64_t at = 0; ///< in the file
     std::vector<std::uint8_t> block;
+    std::vector<char> unpacked = std::vector<char>(blockSize);
     std::string fileFailure;
 
     Handle() = default;
@@ -151,7 +154,7 @@ std::optional<ZipReader::Entry> ZipReader::next() {
 }
 
 void ZipReader::extract(const platform::PieceSink& sink) {
-    std::array<char, blockSize> piece{};
+    auto& piece = handle_->unpacked;
     const bool hasSize = archive_entry_size_is_set(handle_->entry) != 0;
     const auto claimed = static_cast<std::uint64_t>(archive_entry_size(handle_->entry));
     const auto check = [&](bool isRight) {

@@ -28,8 +28,8 @@ std::string couldNotBeCopied(const std::string& file, const std::string& reason)
 } // namespace
 
 std::string belowTop(const std::string& path, const std::string& topFolder) {
-    if (topFolder.empty())
-        return path;
+    if (!path.starts_with(topFolder))
+        return path == topFolder.substr(0, topFolder.find('\\')) ? "" : path;
     return path.size() > topFolder.size() ? path.substr(topFolder.size()) : "";
 }
 
@@ -146,7 +146,7 @@ void MemberImport::planZip(const std::string& path) {
 
 void MemberImport::carryOut(const Source& source) {
     if (source.isArchive)
-        return unpack(source.path);
+        return unpack(source.path, source.member.path);
     if (source.member.isFolder) {
         makeMemberFolder(source.member.path);
         return;
@@ -156,13 +156,11 @@ void MemberImport::carryOut(const Source& source) {
     });
 }
 
-void MemberImport::unpack(const std::string& path) {
+void MemberImport::unpack(const std::string& path, const std::string& topFolder) {
     try {
-        formats::ZipReader listing(disk_.openFile(path));
-        const auto top = contentsOf(listing).topFolder;
         formats::ZipReader archive(disk_.openFile(path));
         while (const auto entry = archive.next()) {
-            const auto member = entry->isTrusted ? belowTop(entry->path, top) : "";
+            const auto member = entry->isTrusted ? belowTop(entry->path, topFolder) : "";
             if (member.empty())
                 continue;
             if (entry->isFolder) {

@@ -69,7 +69,7 @@ class MemberImport {
   private:
     struct Source {
         std::string path; ///< of a file, a folder or an archive
-        Member member;
+        Member member;    ///< of an archive the path is its top folder
         bool isArchive = false;
     };
 
@@ -77,7 +77,7 @@ class MemberImport {
     void planFile(const std::string& path, const std::string& target);
     void planZip(const std::string& path);
     void carryOut(const Source& source);
-    void unpack(const std::string& path);
+    void unpack(const std::string& path, const std::string& topFolder);
     void makeFolders(const std::string& path);
     void makeMemberFolder(const std::string& path);
     void commit(platform::WriteBatch& files);
