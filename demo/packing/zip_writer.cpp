@@ -1,17 +1,15 @@
 // By libarchive, which asks nothing of the names.
 #include "packing/zip_writer.h"
 
-#include <locale.h>
-
 #include <archive.h>
 #include <archive_entry.h>
+
+#include "platform/utf8_locale.h"
 
 namespace packing {
 
 std::string packZip(const PackedFiles& files, const char* options) {
-    // Names are converted by the locale; in the plainest one they would not come through.
-    const auto utf8 = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    const auto before = ::uselocale(utf8);
+    [[maybe_unused]] const platform::Utf8Locale names;
     std::string bytes;
     auto* writer = archive_write_new();
     archive_write_set_format_zip(writer);
@@ -26,7 +24,7 @@ std::string packZip(const PackedFiles& files, const char* options) {
         nullptr);
     for (const auto& [name, content] : files) {
         auto* entry = archive_entry_new();
-        archive_entry_copy_pathname(entry, name.c_str());
+        archive_entry_update_pathname_utf8(entry, name.c_str());
         archive_entry_set_filetype(entry, name.ends_with('/') ? AE_IFDIR : AE_IFREG);
         archive_entry_set_perm(entry, 0644);
         archive_entry_set_size(entry, static_cast<la_int64_t>(content.size()));
@@ -36,8 +34,6 @@ std::string packZip(const PackedFiles& files, const char* options) {
     }
     archive_write_close(writer);
     archive_write_free(writer);
-    ::uselocale(before);
-    ::freelocale(utf8);
     return bytes;
 }
 

@@ -28,7 +28,7 @@ void WeaponTable::readLine(std::string_view line) {
 }
 
 void WeaponTable::claim(std::string_view number) {
-    const long id = formats::numberAtStart(number).value;
+    const std::int64_t id = formats::numberAtStart(number).value;
     if (id < 0 || id > lastID)
         return;
     auto& name = names_[static_cast<std::size_t>(id)];

@@ -6,7 +6,7 @@
 namespace formats {
 namespace {
 
-constexpr long largest = 1'000'000'000'000;
+constexpr std::int64_t largest = 1'000'000'000'000;
 constexpr int modulus = 42; // divided by 2, 6 and 7
 
 bool isDigit(char c) {

@@ -82,11 +82,11 @@ class Conversion {
              "process .sm files, so this " +
              shortType_ + " will most likely not work.");
         copySame(Kind::copy, stem + ".sm");
-        const long count = hasLine() ? numberAtStart(line()).value : 0;
+        const std::int64_t count = hasLine() ? numberAtStart(line()).value : 0;
         if (count < std::numeric_limits<std::int16_t>::min() ||
             count > std::numeric_limits<std::int16_t>::max())
             throw BadLine();
-        for (long number = 1; number <= count; ++number)
+        for (std::int64_t number = 1; number <= count; ++number)
             copySame(Kind::copy, stem + "(" + std::to_string(number) + ").ccx");
     }
 

@@ -5,49 +5,41 @@
 #include <cstdio>
 #include <vector>
 
-#include <locale.h>
-
 #include <archive.h>
 #include <archive_entry.h>
 
+#include "formats/zip_names.h"
 #include "platform/failure.h"
 #include "platform/relative_path.h"
+#include "platform/text.h"
+#include "platform/utf8_locale.h"
 
 namespace formats {
 namespace {
 
 constexpr std::size_t blockSize = 1U << 16U;
 
-/// Names come out in the encoding of the locale, and in the plainest one most of them do not come
-/// out at all.
-class Utf8Locale {
-  public:
 #ifdef _WIN32
-    Utf8Locale() = default;
+
+/// The library gives wide names. Those that do not say how they are written are taken for the old
+/// code page's, which has a letter for every byte, so the bytes can be told again.
+constexpr auto readOptions = "zip:hdrcharset=CP437";
+
+std::optional<std::string> nameOf(archive_entry* entry) {
+    const wchar_t* name = archive_entry_pathname_w(entry);
+    return name == nullptr ? std::nullopt : std::optional(readWideZipName(name));
+}
+
 #else
-    Utf8Locale() {
-        if (const auto own = shared())
-            before_ = ::uselocale(own);
-    }
-    ~Utf8Locale() {
-        if (before_ != nullptr)
-            ::uselocale(before_);
-    }
-#endif
-    Utf8Locale(const Utf8Locale&) = delete;
-    Utf8Locale& operator=(const Utf8Locale&) = delete;
 
-  private:
-#ifndef _WIN32
-    /// Made once: it is read out of files.
-    static locale_t shared() {
-        static const auto own = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-        return own;
-    }
+constexpr auto readOptions = "";
 
-    locale_t before_ = nullptr;
+std::optional<std::string> nameOf(archive_entry* entry) {
+    const char* name = archive_entry_pathname(entry);
+    return name == nullptr ? std::nullopt : std::optional(readZipName(name));
+}
+
 #endif
-};
 
 } // namespace
 
@@ -112,6 +104,7 @@ struct ZipReader::Handle {
 
 ZipReader::ZipReader(std::span<const std::uint8_t> bytes) : handle_(std::make_unique<Handle>()) {
     if (archive_read_support_format_zip(handle_->reader) != ARCHIVE_OK ||
+        archive_read_set_options(handle_->reader, readOptions) != ARCHIVE_OK ||
         archive_read_open_memory(handle_->reader, bytes.data(), bytes.size()) != ARCHIVE_OK)
         handle_->fail("open");
 }
@@ -122,6 +115,7 @@ ZipReader::ZipReader(std::unique_ptr<platform::FileReader> file)
     handle_->file = std::move(file);
     handle_->block.resize(blockSize);
     if (archive_read_support_format_zip(reader) != ARCHIVE_OK ||
+        archive_read_set_options(reader, readOptions) != ARCHIVE_OK ||
         archive_read_set_read_callback(reader, Handle::read) != ARCHIVE_OK ||
         archive_read_set_seek_callback(reader, Handle::seek) != ARCHIVE_OK ||
         archive_read_set_callback_data(reader, handle_.get()) != ARCHIVE_OK ||
@@ -132,21 +126,21 @@ ZipReader::ZipReader(std::unique_ptr<platform::FileReader> file)
 ZipReader::~ZipReader() = default;
 
 std::optional<ZipReader::Entry> ZipReader::next() {
-    [[maybe_unused]] const Utf8Locale names;
+    [[maybe_unused]] const platform::Utf8Locale names;
     const int result = archive_read_next_header(handle_->reader, &handle_->entry);
     if (result == ARCHIVE_EOF)
         return std::nullopt;
     if (result != ARCHIVE_OK && result != ARCHIVE_WARN)
         handle_->fail("read");
-    const char* name = archive_entry_pathname(handle_->entry);
+    const auto name = nameOf(handle_->entry);
     Entry found;
-    if (name == nullptr)
+    if (!name)
         return found;
     const auto type = archive_entry_filetype(handle_->entry);
-    const auto path = platform::RelativePath::parse(name);
+    const auto path = platform::RelativePath::parse(*name);
     found.isFolder = type == AE_IFDIR;
     found.isTrusted = (type == AE_IFDIR || type == AE_IFREG) && path;
-    found.path = found.isTrusted ? path->text() : name;
+    found.path = found.isTrusted ? path->text() : *name;
     if (archive_entry_size_is_set(handle_->entry) != 0)
         found.size =
             static_cast<std::uint64_t>(std::max<la_int64_t>(archive_entry_size(handle_->entry), 0));

@@ -45,13 +45,6 @@ utf8proc_int32_t foldCodePoint(utf8proc_int32_t code) {
     return code == capitalDottedI ? code : utf8proc_tolower(code);
 }
 
-void appendCodePoint(std::string& text, utf8proc_int32_t code) {
-    std::array<utf8proc_uint8_t, 4> bytes{};
-    const auto length = utf8proc_encode_char(code, bytes.data());
-    for (utf8proc_ssize_t i = 0; i < length; ++i)
-        text += static_cast<char>(bytes[static_cast<std::size_t>(i)]);
-}
-
 /// Length of the UTF-8 character at the head of `text` and its code, or 0 for no such character.
 std::size_t firstCodePoint(std::string_view text, utf8proc_int32_t& code) {
     const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
@@ -93,7 +86,7 @@ std::string foldCase(std::string_view text) {
             folded += text.front();
             text.remove_prefix(1);
         } else {
-            appendCodePoint(folded, foldCodePoint(code));
+            appendCodePoint(folded, static_cast<char32_t>(foldCodePoint(code)));
             text.remove_prefix(length);
         }
     }
@@ -141,6 +134,13 @@ bool lessIgnoringCase(std::string_view a, std::string_view b) {
     const auto foldedA = foldCase(restA);
     const auto foldedB = foldCase(restB);
     return foldedA != foldedB ? foldedA < foldedB : a < b;
+}
+
+void appendCodePoint(std::string& text, char32_t letter) {
+    std::array<utf8proc_uint8_t, 4> bytes{};
+    const auto length = utf8proc_encode_char(static_cast<utf8proc_int32_t>(letter), bytes.data());
+    for (utf8proc_ssize_t i = 0; i < length; ++i)
+        text += static_cast<char>(bytes[static_cast<std::size_t>(i)]);
 }
 
 std::string toUtf8(std::string_view bytes) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "formats/zip.h"
+#include "formats/zip_names.h"
 #include "packing/zip_writer.h"
 #include "platform/failure.h"
 
@@ -54,6 +55,39 @@ TEST(ZipReader, an_entry_is_as_long_as_it_says_or_is_refused) {
 TEST(ZipReader, what_is_no_archive_is_refused) {
     for (const auto* bytes : {"", "nothing of the kind", "PK"})
         EXPECT_THROW(ZipReader(asBytes(bytes)).next(), platform::Failure) << bytes;
+}
+
+struct NameRow {
+    std::string bytes;
+    std::wstring wide; ///< the bytes by code page 437
+    std::string name;
+};
+
+TEST(ZipNames, are_read_as_what_they_look_like) {
+    const NameRow rows[] = {
+        {"plain.txt", L"plain.txt", "plain.txt"},
+        // UTF-8 that does not say so
+        {"\xC3\xBC.txt", L"\u251C\u255D.txt", "\xC3\xBC.txt"},
+        // old packers
+        {"\x81\xE1.txt", L"\u00FC\u00DF.txt", "\xC3\xBC\xC3\x9F.txt"},
+        {"Ma\xA4"
+         "ana",
+         L"Ma\u00F1ana",
+         "Ma\xC3\xB1"
+         "ana"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(readZipName(row.bytes), row.name);
+        EXPECT_EQ(readWideZipName(row.wide), row.name);
+    }
+    EXPECT_EQ(readZipName("gr\xFC"
+                          "n"),
+              "gr\xFC"
+              "n")
+        << "other code pages are left to be shown";
+    EXPECT_EQ(readWideZipName(L"\u03A9 \u4E2D\xD83D\xDE00"),
+              "\xCE\xA9 \xE4\xB8\xAD\xF0\x9F\x98\x80")
+        << "a name that says how it is written";
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Numbers as the game's text files have them.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace formats {
@@ -8,7 +9,7 @@ namespace formats {
 /// A number of any length. One value is near it, the other exact.
 struct Number {
     /// The number itself, or 10^12 from 0 on its side where it is farther away.
-    long value = 0;
+    std::int64_t value = 0;
     /// What is left of it by 42, from 0 to 41, exact for a number of any length.
     int modulo42 = 0;
 };

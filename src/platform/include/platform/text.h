@@ -27,6 +27,9 @@ bool lessIgnoringCase(std::string_view a, std::string_view b);
 /// to be written back: no byte is changed between disk and disk.
 std::string toUtf8(std::string_view bytes);
 
+/// Appends a letter as UTF-8.
+void appendCodePoint(std::string& text, char32_t letter);
+
 /// From left to right; what was put in is not looked at again. `what` must not be empty.
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view by);
 
