@@ -11,7 +11,8 @@ namespace platform {
 namespace {
 
 constexpr std::uint32_t newFileMode = 0666;
-constexpr std::uint32_t permissions = 0777;
+/// To run in the name of another: no copy gets that.
+constexpr std::uint32_t privileges = 07000;
 
 } // namespace
 
@@ -101,7 +102,7 @@ void Disk::replaceFile(const std::string& path, std::string_view bytes) {
     folders_->beginCall();
     const auto target = targetOf(folders_->spotToChange(path, "write"), path);
     const bool replacesFile = target.old && target.old->kind == RawKind::file;
-    const auto mode = replacesFile ? target.old->mode & permissions : newFileMode;
+    const auto mode = replacesFile ? target.old->mode & ~privileges : newFileMode;
     PartFile part(*raw_, *target.folder, path, mode);
     orUndo(
         [&] {
@@ -118,13 +119,13 @@ void Disk::copyFile(const std::string& from, const std::string& to,
                     const CopyProgress& onProgress) {
     aboutToChange(to);
     RawEntry entry;
-    const auto source = openToRead(from, "copy", entry);
+    auto source = openToRead(from, "copy", entry);
     NewFolders made;
     orUndo(
         [&] {
             const auto target = targetOf(folders_->spotToChange(to, "copy", &made), to);
             auto part =
-                std::make_unique<PartFile>(*raw_, *target.folder, to, entry.mode & permissions);
+                std::make_unique<PartFile>(*raw_, *target.folder, to, entry.mode & ~privileges);
             orUndo(
                 [&] {
                     check(copyBytes(*raw_, *source, part->raw(), entry.size, onProgress), "copy",
@@ -132,6 +133,8 @@ void Disk::copyFile(const std::string& from, const std::string& to,
                     part->takeTimes(entry);
                 },
                 [&] { part->discard(); });
+            // It may be the very file whose place is taken.
+            source.reset();
             finish(std::move(part), target);
         },
         [&] { made.undo(*raw_); });

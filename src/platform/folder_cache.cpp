@@ -19,7 +19,7 @@ constexpr auto pathsLast = 250ms;
 constexpr std::size_t mostFolders = 800;
 
 std::vector<std::string> partsOf(std::string_view path) {
-    return splitPath(systemSeparator == '\\' ? std::string(path) : replaceAll(path, "/", "\\"));
+    return splitPath(replaceAll(path, "/", "\\"));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "check.h"
 #include "part_file.h"
 
 namespace platform {
@@ -26,6 +27,8 @@ WriteBatch::~WriteBatch() {
 }
 
 void WriteBatch::add(Waiting waiting) {
+    if (!disk_.raw()->syncsAllContents())
+        orUndo([&] { waiting.part->sync(); }, [&] { waiting.part->discard(); });
     waiting.part->close();
     if (waiting_.empty() || waiting_.back().folder != waiting.folder)
         ++folders_;

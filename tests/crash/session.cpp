@@ -9,6 +9,7 @@
 #include "headless/session.h"
 #include "platform/text.h"
 #include "support/faulty_disk.h"
+#include "support/system.h"
 #include "windows/frmMain.h"
 #include "windows/lists.h"
 
@@ -24,7 +25,7 @@ class Toolkit final : public headless::SessionToolkit {
         : SessionToolkit(script, std::move(transcript)), session_(session), answer_(answer) {}
 
     windows::MessageAnswer showMessage(const windows::MessageBox& box) override {
-        session_.boxes.push_back(box.text + "\n" + box.detail);
+        session_.boxes.push_back(test::inPosixWords(box.text + "\n" + box.detail));
         if (session_.boxes.size() > mostBoxes)
             throw headless::TooManyBoxes();
         const bool isClash = box.text.find("Do you want to use") != std::string::npos;
@@ -37,10 +38,12 @@ class Toolkit final : public headless::SessionToolkit {
         for (const auto* control : window.controls())
             if (const auto* list = dynamic_cast<const windows::ListBox*>(control))
                 for (const auto& item : list->items())
-                    session_.lines.push_back(item.text + ": " + item.note);
+                    session_.lines.push_back(test::inPosixWords(item.text + ": " + item.note));
         SessionToolkit::hide(window);
     }
-    void logged(const std::string& line) override { session_.lines.push_back(line); }
+    void logged(const std::string& line) override {
+        session_.lines.push_back(test::inPosixWords(line));
+    }
 
   private:
     Session& session_;

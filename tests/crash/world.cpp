@@ -67,7 +67,7 @@ Memory emptyGame() {
             std::ifstream file(entry.path(), std::ios::binary);
             std::ostringstream bytes;
             bytes << file.rdbuf();
-            memory->put(at("Vexillum/" + entry.path().lexically_relative(data).string()),
+            memory->put(at("Vexillum/" + entry.path().lexically_relative(data).generic_string()),
                         bytes.str());
         }
         memory->put(at("totala.exe"), "the game");

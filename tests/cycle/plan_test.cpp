@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "cycle/plan.h"
+#include "support/system.h"
 
 namespace cycle {
 namespace {
@@ -80,8 +81,10 @@ TEST(Plan, the_whole_question_reads_as_it_should) {
     settle(moves, 2, 1, asked);
     EXPECT_EQ(asked.questions[0],
               "Both the \"M\" Map and the \"Cavedog TA\" Total Conversion include a file destined "
-              "for \"u/X\".\r\n\r\nDo you want to use the \"M\" one instead of the \"Cavedog TA\" "
-              "one?\r\n(Choose Yes if you're not sure)");
+              "for \"" +
+                  test::shown("u/X") +
+                  "\".\r\n\r\nDo you want to use the \"M\" one instead of the \"Cavedog TA\" "
+                  "one?\r\n(Choose Yes if you're not sure)");
     EXPECT_EQ(moves[1].toPath, "Vexillum\\TC-Cavedog TA\\u\\x");
     EXPECT_EQ(moves[1].relName, "Cavedog TA");
     EXPECT_EQ(findDest(moves, "U\\x"), 2);

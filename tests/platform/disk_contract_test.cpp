@@ -46,8 +46,9 @@ TEST_P(DiskContract, an_entry_is_found_in_any_case_also_after_changes) {
     EXPECT_TRUE(disk->moveEntry(in("maps\\coast.ota"), in("maps\\pass.ota")));
     EXPECT_EQ(disk->kindOf(in("Maps\\COAST.ota")), EntryKind::none);
     EXPECT_EQ(disk->kindOf(in("Maps\\PASS.OTA")), EntryKind::file);
-    EXPECT_EQ(disk->systemPath(in("MAPS\\PASS.ota")), world->folder() + "/Maps/pass.ota");
-    EXPECT_EQ(disk->systemPath(in("MAPS\\none\\x")), world->folder() + "/Maps/none/x");
+    EXPECT_EQ(disk->systemPath(in("MAPS\\PASS.ota")),
+              world->folder() + test::shown("/Maps/pass.ota"));
+    EXPECT_EQ(disk->systemPath(in("MAPS\\none\\x")), world->folder() + test::shown("/Maps/none/x"));
 }
 
 TEST_P(DiskContract, equal_bytes_are_those_of_two_entries) {
@@ -117,11 +118,15 @@ TEST_P(DiskContract, new_names_take_the_spelling_given_and_folders_keep_theirs) 
 }
 
 TEST_P(DiskContract, a_listing_is_sorted_and_leaves_out_what_no_path_can_express) {
-    for (const auto* name : {"b", "A", "C", ".hidden", "back\\slash", "line\nend"})
+    for (const auto* name : {"b", "A", "C", ".hidden"})
         world->put(std::string("list/") + name, "");
+    if (world->holdsAnyName())
+        for (const auto* name : {"back\\slash", "line\nend"})
+            world->put(std::string("list/") + name, "");
     world->makeFolder("list/z");
     world->makeFolder("list/Y");
-    world->link("list/way-out", "/etc");
+    if (!world->link("list/way-out", "/etc"))
+        world->put("list/way-out", "");
     EXPECT_THAT(disk->fileNames(in("list")), ElementsAre("A", "b", "C", "way-out"));
     EXPECT_THAT(disk->folderNames(in("list\\")), ElementsAre("Y", "z"));
     EXPECT_THROW(disk->fileNames(in("missing")), Failure);
@@ -225,12 +230,12 @@ TEST_P(DiskContract, a_tree_is_removed_with_its_links_but_not_what_they_lead_to)
 TEST_P(DiskContract, nothing_leads_out_of_the_game_directory) {
     world->put("a", "a");
     world->makeFolder("Vexillum");
-    world->link("link", "/tmp");
-    world->link("inner", world->folder() + "/Vexillum");
     const auto outside = world->folder() + "-outside";
-    const std::string ways[] = {in("..\\outside"), in("x\\..\\..\\y"), in("link\\x"),
-                                in("inner\\x"),    in("/tmp/x"),       in("x\\.\\y"),
-                                outside,           "relative",         in(std::string("a\0b", 3))};
+    std::vector<std::string> ways = {
+        in("..\\outside"), in("x\\..\\..\\y"),        in("/tmp/x"), in("x\\.\\y"), outside,
+        "relative",        in(std::string("a\0b", 3))};
+    if (world->link("link", "/tmp") && world->link("inner", world->folder() + "/Vexillum"))
+        ways.insert(ways.end(), {in("link\\x"), in("inner\\x")});
     for (const auto& way : ways) {
         EXPECT_THROW(disk->moveEntry(in("a"), way), Failure) << way;
         EXPECT_FALSE(disk->moveEntry(way, in("b"))) << way;
@@ -252,12 +257,13 @@ TEST_P(DiskContract, nothing_leads_out_of_the_game_directory) {
         EXPECT_FALSE(disk->isInside(in(path))) << path;
     EXPECT_FALSE(disk->isInside(world->folder() + "x\\y"));
     EXPECT_TRUE(disk->isInside(in("x\\\\y")));
-    EXPECT_TRUE(disk->isInside(in("a:"))) << "a name like any other on this system";
+    EXPECT_EQ(disk->isInside(in("a:")), !test::onWindows) << "a name like any other elsewhere";
 }
 
 TEST_P(DiskContract, a_link_is_moved_and_removed_itself_and_never_followed) {
     world->put("target", "t");
-    world->link("link", world->folder() + "/target");
+    if (!world->link("link", world->folder() + "/target"))
+        GTEST_SKIP() << "the disk takes no links";
     EXPECT_THROW(disk->readFile(in("link")), Failure);
     EXPECT_THROW(disk->writeFile(in("link"), "over"), Failure);
     EXPECT_EQ(disk->kindOf(in("link")), EntryKind::file);
@@ -269,7 +275,8 @@ TEST_P(DiskContract, a_link_is_moved_and_removed_itself_and_never_followed) {
 TEST_P(DiskContract, a_folder_of_the_users_own_is_read_through_links) {
     world->put("target/file", "t");
     const auto outside = world->folder() + "/target";
-    world->link("link", outside);
+    if (!world->link("link", outside))
+        GTEST_SKIP() << "the disk takes no links";
     disk->setGameDirectory(world->folder() + "/elsewhere");
     EXPECT_EQ(disk->readFile(world->folder() + "/link/FILE"), "t");
     EXPECT_TRUE(disk->leadsThroughLink(world->folder(), "LINK\\file"));
@@ -366,9 +373,9 @@ TEST_P(DiskContract, a_failure_names_call_path_and_reason) {
         disk->readFile(in("folder\\none.ota"));
         FAIL();
     } catch (const Failure& failure) {
-        EXPECT_EQ(failure.what(),
-                  "read " + world->folder() + "/folder/none.ota: No such file or directory");
-        EXPECT_EQ(failure.reason(), "No such file or directory");
+        EXPECT_EQ(failure.what(), "read " + world->folder() + test::shown("/folder/none.ota") +
+                                      ": " + failure.reason());
+        EXPECT_EQ(test::inPosixWords(failure.reason()), "No such file or directory");
         EXPECT_TRUE(failure.is(std::errc::no_such_file_or_directory));
         EXPECT_FALSE(failure.is(std::errc::file_exists));
     }

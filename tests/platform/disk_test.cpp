@@ -4,13 +4,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include "platform/disk.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "support/game.h"
+#include "support/system.h"
 
 namespace platform {
 namespace {
@@ -37,7 +35,8 @@ TEST_F(DiskTest, what_others_add_is_found_in_any_case_a_moment_later) {
 
 TEST_F(DiskTest, a_pipe_is_in_no_listing_and_is_not_waited_for) {
     game.put("list/a");
-    ::mkfifo(game.at("list/pipe").c_str(), 0600);
+    if (!test::makePipe(game.at("list/pipe")))
+        GTEST_SKIP() << "the system has no pipes in folders";
     EXPECT_THAT(disk->fileNames(in("list")), ElementsAre("a"));
     EXPECT_THROW(disk->readFile(in("list\\pipe")), Failure);
     EXPECT_THROW(disk->mapFile(in("list\\pipe")), Failure);
@@ -59,48 +58,46 @@ TEST_F(DiskTest, a_copy_has_the_time_of_its_source_and_a_replaced_file_its_permi
     std::filesystem::last_write_time(game.at("a"), time);
     disk->copyFile(in("a"), in("b"));
     EXPECT_EQ(std::filesystem::last_write_time(game.at("b")), time);
-    std::filesystem::permissions(game.at("a"), std::filesystem::perms(0600));
+    test::setReadOnly(game.at("a"), true);
+    const auto permissions = std::filesystem::status(game.at("a")).permissions();
     disk->replaceFile(in("a"), "new");
-    EXPECT_EQ(std::filesystem::status(game.at("a")).permissions(), std::filesystem::perms(0600));
+    EXPECT_EQ(game.content("a"), "new");
+    EXPECT_EQ(std::filesystem::status(game.at("a")).permissions(), permissions);
 }
 
-TEST_F(DiskTest, a_tree_moves_between_two_mounts_with_all_that_is_in_it) {
+TEST_F(DiskTest, a_tree_moves_between_two_disks_with_all_that_is_in_it) {
     namespace fs = std::filesystem;
-    const auto away =
-        fs::temp_directory_path() / ("vexillum-disk-test-" + std::to_string(::getpid()));
-    struct stat here {};
-    struct stat there {};
-    ASSERT_EQ(::stat(game.folder().c_str(), &here), 0);
-    ASSERT_EQ(::stat(away.parent_path().c_str(), &there), 0);
-    if (here.st_dev == there.st_dev)
+    if (test::lieOnOneDisk(game.at(""), test::otherTemporaryFolder()))
         GTEST_SKIP() << "the two folders lie on one disk";
+    const auto away = test::otherTemporaryFolder() /
+                      ("vexillum-disk-test-" + std::to_string(test::processNumber()));
     game.put("mod/deep/a", "a");
-    fs::create_symlink("a", game.at("mod/deep/link"));
+    const bool hasLink = test::makeLink("a", game.at("mod/deep/link"));
     fs::create_hard_link(game.at("mod/deep/a"), game.at("mod/b"));
-    fs::permissions(game.at("mod/deep"), fs::perms(0555));
-    const bool mayGiveAway = ::geteuid() == 0 && ::chown(game.at("mod/b").c_str(), 1234, 567) == 0;
+    game.put("mod/locked", "x");
+    test::setReadOnly(game.at("mod/locked"), true);
+    test::setReadOnly(game.at("mod/deep"), true);
+    const bool isLocked = test::isReadOnly(game.at("mod/deep")); // not every system has that
+    const bool isGivenAway = test::giveAway(game.at("mod/b"), 1234, 567);
     const auto time = fs::last_write_time(game.at("mod/deep"));
-    // Bounded by the root, the disk reaches both.
-    disk->setGameDirectory("/");
-    const auto pathOf = [](const fs::path& path) {
-        return "/" + replaceAll(path.string(), "/", "\\");
-    };
-    EXPECT_TRUE(disk->moveEntry(pathOf(game.at("mod")), pathOf(away / "mod")));
+    // Bounded by the whole disk, both can be reached.
+    disk->setGameDirectory(test::wholeDisk(away));
+    const auto there = test::belowWholeDisk(away / "mod");
+    const auto here = test::belowWholeDisk(game.at("mod"));
+    EXPECT_TRUE(disk->moveEntry(here, there));
     EXPECT_FALSE(game.has("mod"));
-    EXPECT_EQ(disk->readFile((away / "mod/deep/a").string()), "a");
-    EXPECT_EQ(fs::read_symlink(away / "mod/deep/link"), "a");
-    EXPECT_TRUE(fs::equivalent(away / "mod/b", away / "mod/deep/a"));
-    EXPECT_EQ(fs::status(away / "mod/deep").permissions(), fs::perms(0555));
-    EXPECT_EQ(fs::last_write_time(away / "mod/deep"), time);
-    if (mayGiveAway) {
-        struct stat moved {};
-        ASSERT_EQ(::stat((away / "mod/b").c_str(), &moved), 0);
-        EXPECT_EQ(moved.st_uid, 1234U);
-        EXPECT_EQ(moved.st_gid, 567U);
+    EXPECT_EQ(disk->readFile((away / "mod" / "deep" / "a").string()), "a");
+    if (hasLink) {
+        EXPECT_EQ(fs::read_symlink(away / "mod/deep/link"), "a");
     }
-    EXPECT_TRUE(disk->moveEntry(pathOf(away / "mod"), pathOf(game.at("mod"))));
+    EXPECT_TRUE(fs::equivalent(away / "mod/b", away / "mod/deep/a"));
+    EXPECT_EQ(test::isReadOnly(away / "mod/deep"), isLocked);
+    EXPECT_TRUE(test::isReadOnly(away / "mod/locked"));
+    EXPECT_EQ(fs::last_write_time(away / "mod/deep"), time);
+    EXPECT_EQ(test::belongsTo(away / "mod/b", 1234, 567), isGivenAway);
+    EXPECT_TRUE(disk->moveEntry(there, here));
     EXPECT_TRUE(fs::is_empty(away)) << "parts were left behind";
-    fs::permissions(game.at("mod/deep"), fs::perms(0755));
+    test::setReadOnly(game.at("mod/deep"), false);
     fs::remove(away);
 }
 

@@ -2,12 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include "platform/failure.h"
 #include "platform/memory_disk.h"
 #include "platform/write_batch.h"
 #include "support/faulty_disk.h"
+#include "support/system.h"
 
 namespace platform {
 namespace {
@@ -400,7 +399,7 @@ TEST(Durability, parts_of_dead_processes_go_and_those_of_the_living_stay) {
     Machine machine;
     // No system gives out such a number.
     const std::string dead = ".vexillum-part-2147483647-3";
-    const std::string own = ".vexillum-part-" + std::to_string(::getpid()) + "-3";
+    const std::string own = ".vexillum-part-" + std::to_string(test::processNumber()) + "-3";
     machine.memory->put("/game/units/" + dead, "part");
     machine.memory->put("/game/units/" + dead + "1/deep", "part");
     machine.memory->put("/game/units/" + own, "part");

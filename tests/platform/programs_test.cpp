@@ -8,6 +8,7 @@
 #include "platform/disk.h"
 #include "platform/programs.h"
 #include "support/game.h"
+#include "support/system.h"
 
 namespace platform {
 namespace {
@@ -17,8 +18,8 @@ TEST(Programs, are_seen_while_they_run) {
     const auto disk = makeDisk();
     disk->setGameDirectory(game.folder());
     const auto program = game.folder() + "\\TOTALA.EXE";
-    std::filesystem::copy_file("/bin/sleep", game.at("totala.exe"),
-                               std::filesystem::copy_options::overwrite_existing);
+    game.remove("totala.exe");
+    std::filesystem::copy_file(test::sleeper(), game.at("totala.exe"));
     const auto programs = makePrograms(*disk);
     EXPECT_FALSE(programs->isRunning(program));
     programs->start({Command::Kind::program, program, "1", StartWindow::normal});

@@ -9,6 +9,7 @@
 #include "platform/memory_disk.h"
 #include "support/faulty_disk.h"
 #include "support/game.h"
+#include "support/system.h"
 
 namespace test {
 
@@ -24,26 +25,30 @@ class World {
     virtual std::shared_ptr<platform::RawDisk> raw() = 0;
     virtual void put(const std::string& path, const std::string& content) = 0;
     virtual void makeFolder(const std::string& path) = 0;
-    virtual void link(const std::string& path, const std::string& target) = 0;
+    /// False where the disk takes no links.
+    virtual bool link(const std::string& path, const std::string& target) = 0;
     virtual std::optional<std::string> content(const std::string& path) = 0;
     virtual bool has(const std::string& path) = 0;
+    /// Whether any text can be a name on it.
+    virtual bool holdsAnyName() const { return true; }
 };
 
 class RealWorld final : public World {
   public:
-    std::string folder() const override { return game_.folder() + "/world"; }
+    std::string folder() const override { return game_.at("world").string(); }
     std::shared_ptr<platform::RawDisk> raw() override { return platform::makeRawDisk(); }
     void put(const std::string& path, const std::string& content) override {
         game_.put("world/" + path, content);
     }
     void makeFolder(const std::string& path) override { game_.makeFolder("world/" + path); }
-    void link(const std::string& path, const std::string& target) override {
-        std::filesystem::create_symlink(target, game_.at("world/" + path));
+    bool link(const std::string& path, const std::string& target) override {
+        return makeLink(target, game_.at("world/" + path));
     }
     std::optional<std::string> content(const std::string& path) override {
         return game_.content("world/" + path);
     }
     bool has(const std::string& path) override { return game_.has("world/" + path); }
+    bool holdsAnyName() const override { return !onWindows; }
 
   private:
     Game game_;
@@ -59,8 +64,9 @@ class MemoryWorld final : public World {
         disk_->put(at(path), content);
     }
     void makeFolder(const std::string& path) override { disk_->putFolder(at(path)); }
-    void link(const std::string& path, const std::string& target) override {
+    bool link(const std::string& path, const std::string& target) override {
         disk_->putLink(at(path), target);
+        return true;
     }
     std::optional<std::string> content(const std::string& path) override {
         return disk_->content(at(path));
@@ -85,13 +91,14 @@ class WrappedWorld final : public World {
         real_.put(path, content);
     }
     void makeFolder(const std::string& path) override { real_.makeFolder(path); }
-    void link(const std::string& path, const std::string& target) override {
-        real_.link(path, target);
+    bool link(const std::string& path, const std::string& target) override {
+        return real_.link(path, target);
     }
     std::optional<std::string> content(const std::string& path) override {
         return real_.content(path);
     }
     bool has(const std::string& path) override { return real_.has(path); }
+    bool holdsAnyName() const override { return real_.holdsAnyName(); }
 
   private:
     RealWorld real_;

@@ -55,6 +55,7 @@ class FaultyRawDisk final : public platform::RawDisk {
     int changes() const { return changes_; }
 
     bool ignoresCase() const override { return disk_->ignoresCase(); }
+    bool syncsAllContents() const override { return disk_->syncsAllContents(); }
     Error openRoot(const std::string& path, std::unique_ptr<platform::RawFolder>& folder) override {
         return disk_->openRoot(path, folder);
     }

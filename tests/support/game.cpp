@@ -6,19 +6,13 @@
 #include <fstream>
 #include <sstream>
 
-#include <unistd.h>
+#include "support/system.h"
 
 namespace test {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-/// In memory where the system has such a folder: the program syncs often.
-fs::path temporaryFolder() {
-    const fs::path memory = "/dev/shm";
-    return ::access(memory.c_str(), W_OK) == 0 ? memory : fs::temp_directory_path();
-}
 
 bool isProgramsOwn(const std::string& path) {
     return path.starts_with("Vexillum/VXL-") || path == "Vexillum/MBefore.txt" ||
@@ -30,16 +24,19 @@ bool isProgramsOwn(const std::string& path) {
 Game::Game() {
     static std::atomic<int> number = 0;
     folder_ = temporaryFolder() /
-              ("vexillum-test-" + std::to_string(::getpid()) + "-" + std::to_string(++number));
-    fs::remove_all(folder_);
-    fs::create_directories(folder_ / "Vexillum");
+              ("vexillum-test-" + std::to_string(processNumber()) + "-" + std::to_string(++number));
+    removeAll(folder_);
+    fs::create_directories(folder_);
     fs::copy(VEXILLUM_DATA, folder_ / "Vexillum", fs::copy_options::recursive);
     put("totala.exe", "the game");
 }
 
 Game::~Game() {
-    std::error_code ignored;
-    fs::remove_all(folder_, ignored);
+    removeAll(folder_);
+}
+
+fs::path Game::at(std::string_view path) const {
+    return (folder_ / pathOf(path)).make_preferred();
 }
 
 void Game::put(std::string_view path, std::string_view content) const {
@@ -65,13 +62,26 @@ std::optional<std::string> Game::content(std::string_view path) const {
 }
 
 bool Game::has(std::string_view path) const {
-    return fs::exists(fs::symlink_status(at(path)));
+    return fs::exists(fs::symlink_status(at(path))) && (tellsCaseApart || isSpelled(path));
+}
+
+/// Where any spelling finds an entry.
+bool Game::isSpelled(std::string_view path) const {
+    auto folder = folder_;
+    for (const auto& part : pathOf(path)) {
+        const auto entries = fs::directory_iterator(folder);
+        if (std::none_of(begin(entries), end(entries),
+                         [&part](const auto& entry) { return entry.path().filename() == part; }))
+            return false;
+        folder /= part;
+    }
+    return true;
 }
 
 Tree Game::files() const {
     Tree tree;
     for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
-        const auto path = entry.path().lexically_relative(folder_).string();
+        const auto path = entry.path().lexically_relative(folder_).generic_string();
         if (entry.is_regular_file() && !isProgramsOwn(path))
             tree[path] = *content(path);
     }
@@ -81,7 +91,7 @@ Tree Game::files() const {
 std::vector<std::string> Game::folders() const {
     std::vector<std::string> folders;
     for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
-        const auto path = entry.path().lexically_relative(folder_).string();
+        const auto path = entry.path().lexically_relative(folder_).generic_string();
         if (entry.is_directory() && !isProgramsOwn(path))
             folders.push_back(path);
     }

@@ -22,7 +22,7 @@ class Game {
     Game& operator=(const Game&) = delete;
 
     std::string folder() const { return folder_.string(); }
-    std::filesystem::path at(std::string_view path) const { return folder_ / path; }
+    std::filesystem::path at(std::string_view path) const;
 
     void put(std::string_view path, std::string_view content = {}) const;
     void makeFolder(std::string_view path) const;
@@ -36,6 +36,8 @@ class Game {
     std::vector<std::string> folders() const;
 
   private:
+    bool isSpelled(std::string_view path) const;
+
     std::filesystem::path folder_;
 };
 

@@ -2,6 +2,7 @@
 #include "support/story_lines.h"
 
 #include "platform/text.h"
+#include "support/system.h"
 
 namespace test {
 
@@ -18,6 +19,13 @@ bool matches(std::string_view pattern, std::string_view text) {
         if (matches(rest, text.substr(at)))
             return true;
     return false;
+}
+
+std::string expectedHere(std::string line) {
+    if (!onWindows)
+        return line;
+    line = replaceAll(line, "start xdg-open ", "start open ");
+    return replaceAll(replaceAll(line, "start wine ", "start "), "\\", "/");
 }
 
 namespace {
@@ -54,7 +62,7 @@ std::string lineOf(const Event& event, const std::string& folder) {
         line += told(event["title"]) + " -> " + told(event["answer"]);
     else if (kind == "start")
         line += told(event["command"]) + " " + told(event["window"]);
-    return replaceAll(replaceAll(line, "\n", "\\n"), folder, "GAME");
+    return inPosixWords(replaceAll(replaceAll(line, "\n", "\\n"), folder, "GAME"));
 }
 
 bool mayGoUntold(const Event& event) {

@@ -11,6 +11,9 @@ namespace test {
 /// "..." in the pattern stands for any text.
 bool matches(std::string_view pattern, std::string_view text);
 
+/// Stories are told in the words of POSIX; this is one of their lines as it is here.
+std::string expectedHere(std::string line);
+
 /// An event as one line; `folder` is called GAME in it.
 std::string lineOf(const Event& event, const std::string& folder);
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/play.h"
+#include "support/system.h"
 
 namespace {
 
@@ -73,7 +74,8 @@ TEST(TamLinkTest, a_member_behind_a_link_is_not_read) {
     const test::Game game;
     game.put("secret/file.txt", "secret");
     game.put("pack/a.tc", "Linked\r\nText\r\nany\r\nway\\file.txt got.txt\r\n");
-    std::filesystem::create_symlink("../secret", game.at("pack/way"));
+    if (!test::makeLink("../secret", game.at("pack/way")))
+        GTEST_SKIP() << "the system makes no links";
     const auto session = test::play(
         game, "click mnuUconverter\npick cbo1TAMtype TAM TC\npick cbo1VXLtype VXL TC\n"
               "click cmd1Next\nanswer " +

@@ -1,5 +1,7 @@
 // What Windows says of an entry, in the disk's own words and back.
+#include "held_names.h"
 #include "system_error.h"
+#include "system_text.h"
 #include "windows_disk.h"
 
 namespace platform::windows {
@@ -7,6 +9,9 @@ namespace {
 
 constexpr std::uint32_t readable = 0555;
 constexpr std::uint32_t writable = 0222;
+/// Attributes that no other system has lie above the permissions, so that a copy gets them too.
+constexpr unsigned attributesAt = 16;
+constexpr DWORD keptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 /// Windows counts steps of 100 nanoseconds since 1601.
 constexpr std::int64_t step = 100;
 constexpr std::int64_t stepsUntil1970 = 116'444'736'000'000'000;
@@ -28,14 +33,12 @@ LARGE_INTEGER stepsOf(FileTime time) {
     return steps;
 }
 
-/// Files that are only here when they are asked for are reparse points too, but no links.
 bool isLink(HANDLE handle, DWORD attributes) {
     if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
         return false;
     FILE_ATTRIBUTE_TAG_INFO info{};
     return GetFileInformationByHandleEx(handle, FileAttributeTagInfo, &info, sizeof info) == 0 ||
-           info.ReparseTag == IO_REPARSE_TAG_SYMLINK ||
-           info.ReparseTag == IO_REPARSE_TAG_MOUNT_POINT;
+           leadsElsewhere(info.ReparseTag);
 }
 
 std::uint64_t joined(DWORD high, DWORD low) {
@@ -43,7 +46,35 @@ std::uint64_t joined(DWORD high, DWORD low) {
     return std::uint64_t{high} << bits | low;
 }
 
+std::wstring joinedPath(const RawFolder& in, const std::wstring& name) {
+    const auto& folder = pathOf(in);
+    return folder + (folder.ends_with(L'\\') ? L"" : L"\\") + name;
+}
+
 } // namespace
+
+bool leadsElsewhere(DWORD reparseTag) {
+    constexpr DWORD nameSurrogate = 0x20000000;
+    return (reparseTag & nameSurrogate) != 0;
+}
+
+DWORD attributesFor(std::uint32_t mode) {
+    const DWORD kept = mode >> attributesAt & keptAttributes;
+    return kept | ((mode & writable) == 0 ? DWORD{FILE_ATTRIBUTE_READONLY} : 0U);
+}
+
+std::error_code findPath(const RawFolder& in, const std::string& name, std::wstring& path) {
+    const auto text = toWide(name);
+    if (!text)
+        return codeOf(ERROR_FILE_NOT_FOUND);
+    path = joinedPath(in, *text);
+    return {};
+}
+
+std::error_code newPath(const RawFolder& in, const std::string& name, std::wstring& path) {
+    const auto refusal = whyRefused(name);
+    return refusal ? refusal : findPath(in, name, path);
+}
 
 Handle openEntry(const std::wstring& path, Links links, DWORD access) {
     constexpr DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -66,10 +97,12 @@ std::error_code lookAtHandle(HANDLE handle, RawEntry& entry) {
     entry.names = info.nNumberOfLinks;
     const bool isReadOnly = (info.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
     entry.mode = isReadOnly ? readable : readable | writable;
+    entry.mode |= (info.dwFileAttributes & keptAttributes) << attributesAt;
     entry.accessed = timeOf(info.ftLastAccessTime);
     entry.modified = timeOf(info.ftLastWriteTime);
     FILE_BASIC_INFO basic{};
-    if (GetFileInformationByHandleEx(handle, FileBasicInfo, &basic, sizeof basic) != 0)
+    if (GetFileInformationByHandleEx(handle, FileBasicInfo, &basic, sizeof basic) != 0 &&
+        basic.ChangeTime.QuadPart != 0)
         entry.changed = (basic.ChangeTime.QuadPart - stepsUntil1970) * step;
     return {};
 }
@@ -81,9 +114,11 @@ std::error_code setHandleLike(HANDLE handle, const RawEntry& model) {
     info.LastAccessTime = stepsOf(model.accessed);
     info.LastWriteTime = stepsOf(model.modified);
     info.ChangeTime.QuadPart = 0;
-    info.FileAttributes &= ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
-    if ((model.mode & writable) == 0)
-        info.FileAttributes |= FILE_ATTRIBUTE_READONLY;
+    info.FileAttributes &= ~(FILE_ATTRIBUTE_READONLY | keptAttributes);
+    info.FileAttributes |= attributesFor(model.mode);
+    // None at all would mean that they stay.
+    if (info.FileAttributes == 0)
+        info.FileAttributes = FILE_ATTRIBUTE_NORMAL;
     return errorOf(SetFileInformationByHandle(handle, FileBasicInfo, &info, sizeof info));
 }
 

@@ -27,9 +27,9 @@ class Mapping final : public FileView {
 };
 
 std::error_code openAt(const std::wstring& path, DWORD access, DWORD sharing, DWORD creation,
-                       std::unique_ptr<RawFile>& file) {
+                       std::unique_ptr<RawFile>& file, DWORD attributes = 0) {
     Handle handle(CreateFileW(path.c_str(), access, sharing, nullptr, creation,
-                              FILE_ATTRIBUTE_NORMAL, nullptr));
+                              attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes, nullptr));
     if (!handle)
         return lastError();
     file = std::make_unique<WindowsFile>(std::move(handle));
@@ -41,28 +41,40 @@ std::error_code openAt(const std::wstring& path, DWORD access, DWORD sharing, DW
 RawDisk::Error WindowsDisk::openFile(RawFolder& in, const std::string& name, Links links,
                                      std::unique_ptr<RawFile>& file) {
     RawEntry entry;
+    std::wstring path;
     if (const auto error = look(in, name, links, entry))
         return error;
     if (entry.kind == RawKind::link)
-        return codeOf(ERROR_ACCESS_DENIED);
-    return openAt(pathOf(in, name), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                  OPEN_EXISTING, file);
+        return codeOf(ERROR_CANT_ACCESS_FILE);
+    if (entry.kind == RawKind::folder)
+        return codeOf(errorIsFolder);
+    if (const auto error = findPath(in, name, path))
+        return error;
+    constexpr DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    return patience_.with([&] { return openAt(path, GENERIC_READ, sharing, OPEN_EXISTING, file); });
 }
 
-RawDisk::Error WindowsDisk::createFile(RawFolder& in, const std::string& name,
-                                       std::uint32_t /*mode*/, std::unique_ptr<RawFile>& file) {
-    return openAt(pathOf(in, name), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, CREATE_NEW,
-                  file);
+RawDisk::Error WindowsDisk::createFile(RawFolder& in, const std::string& name, std::uint32_t mode,
+                                       std::unique_ptr<RawFile>& file) {
+    std::wstring path;
+    if (const auto error = newPath(in, name, path))
+        return error;
+    return openAt(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                  CREATE_NEW, file, attributesFor(mode));
 }
 
 RawDisk::Error WindowsDisk::emptyFile(RawFolder& in, const std::string& name,
                                       std::unique_ptr<RawFile>& file) {
     RawEntry entry;
+    std::wstring path;
     if (const auto error = look(in, name, Links::kept, entry))
         return error;
     if (entry.kind != RawKind::file)
-        return codeOf(ERROR_ACCESS_DENIED);
-    return openAt(pathOf(in, name), GENERIC_WRITE, FILE_SHARE_READ, TRUNCATE_EXISTING, file);
+        return codeOf(ERROR_CANT_ACCESS_FILE);
+    if (const auto error = findPath(in, name, path))
+        return error;
+    return patience_.with(
+        [&] { return openAt(path, GENERIC_WRITE, FILE_SHARE_READ, TRUNCATE_EXISTING, file); });
 }
 
 RawDisk::Error WindowsDisk::lookAt(RawFile& file, RawEntry& entry) {

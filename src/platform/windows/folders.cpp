@@ -1,7 +1,10 @@
 // Folders: opening, listing, looking at what is in them.
 #include <memory>
 
+#include "paths.h"
+#include "read_only.h"
 #include "system_error.h"
+#include "system_text.h"
 #include "windows_disk.h"
 
 namespace platform::windows {
@@ -21,38 +24,43 @@ std::error_code openFolderAt(std::wstring path, Links links, std::unique_ptr<Raw
 }
 
 RawKind kindOf(const WIN32_FIND_DATAW& found) {
-    const bool isLink = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
-                        (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK ||
-                         found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
-    if (isLink)
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+        leadsElsewhere(found.dwReserved0))
         return RawKind::link;
     return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? RawKind::folder
                                                                     : RawKind::file;
 }
 
+/// Not every file system gives a folder out for writing, or has anything to flush for one.
+bool hasNothingToFlush(std::error_code error) {
+    return error == std::errc::permission_denied || error == std::errc::not_supported ||
+           error == std::errc::invalid_argument;
+}
+
 } // namespace
 
 RawDisk::Error WindowsDisk::openRoot(const std::string& path, std::unique_ptr<RawFolder>& folder) {
-    constexpr std::size_t driveLength = 2;
-    auto text = L"\\\\?\\" + wide(path);
-    for (auto& letter : text)
-        if (letter == L'/')
-            letter = L'\\';
-    if (path.size() == driveLength)
-        text += L'\\';
-    return openFolderAt(std::move(text), Links::followed, folder);
+    return openFolderAt(rawForm(path), Links::followed, folder);
 }
 
 RawDisk::Error WindowsDisk::openFolder(RawFolder& in, const std::string& name, Links links,
                                        std::unique_ptr<RawFolder>& folder) {
-    return openFolderAt(pathOf(in, name), links, folder);
+    std::wstring path;
+    if (const auto error = findPath(in, name, path))
+        return error;
+    return openFolderAt(std::move(path), links, folder);
 }
 
 RawDisk::Error WindowsDisk::list(RawFolder& folder, std::vector<RawName>& names) {
     constexpr DWORD hidden = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     names.clear();
+    std::wstring all;
+    if (const auto error = findPath(folder, "*", all))
+        return error;
     WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW(pathOf(folder, "*").c_str(), &found);
+    const HANDLE search =
+        FindFirstFileExW(all.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr,
+                         FIND_FIRST_EX_LARGE_FETCH);
     if (search == INVALID_HANDLE_VALUE)
         return GetLastError() == ERROR_FILE_NOT_FOUND ? Error() : lastError();
     const std::unique_ptr<void, decltype([](HANDLE h) { FindClose(h); })> closing(search);
@@ -68,7 +76,10 @@ RawDisk::Error WindowsDisk::list(RawFolder& folder, std::vector<RawName>& names)
 
 RawDisk::Error WindowsDisk::look(RawFolder& in, const std::string& name, Links links,
                                  RawEntry& entry) {
-    const auto handle = openEntry(pathOf(in, name), links);
+    std::wstring path;
+    if (const auto error = findPath(in, name, path))
+        return error;
+    const auto handle = openEntry(path, links);
     return handle ? lookAtHandle(handle.get(), entry) : lastError();
 }
 
@@ -84,30 +95,38 @@ RawDisk::Error WindowsDisk::setLike(RawFolder& folder, const RawEntry& model) {
 }
 
 RawDisk::Error WindowsDisk::sync(RawFolder& folder) {
-    // Not every file system gives a folder out for writing; its names are in its log then.
-    const auto handle = openEntry(pathOf(folder), Links::kept, GENERIC_WRITE);
-    if (handle)
-        FlushFileBuffers(handle.get());
-    return {};
+    const auto handle = openEntry(pathOf(folder), Links::followed, GENERIC_WRITE);
+    if (handle && FlushFileBuffers(handle.get()) != 0)
+        return {};
+    const auto error = lastError();
+    return hasNothingToFlush(error) ? Error() : error;
 }
 
-/// Renames are written through one by one; there is no call for a whole disk without an
-/// administrator's rights.
-RawDisk::Error WindowsDisk::syncAll(RawFolder& /*folder*/) {
-    return {};
+/// There is no call for a whole disk without an administrator's rights. Names are in one log, which
+/// goes to the disk up to the newest of them.
+RawDisk::Error WindowsDisk::syncAll(RawFolder& folder) {
+    return sync(folder);
 }
 
 RawDisk::Error WindowsDisk::makeFolder(RawFolder& in, const std::string& name) {
-    return errorOf(CreateDirectoryW(pathOf(in, name).c_str(), nullptr));
+    std::wstring path;
+    if (const auto error = newPath(in, name, path))
+        return error;
+    return patience_.with([&] { return errorOf(CreateDirectoryW(path.c_str(), nullptr)); });
 }
 
 RawDisk::Error WindowsDisk::removeFolder(RawFolder& in, const std::string& name) {
     RawEntry entry;
+    std::wstring path;
     if (const auto error = look(in, name, Links::kept, entry))
         return error;
     if (entry.kind != RawKind::folder)
         return codeOf(ERROR_DIRECTORY);
-    return errorOf(RemoveDirectoryW(pathOf(in, name).c_str()));
+    if (const auto error = findPath(in, name, path))
+        return error;
+    return patience_.with([&] {
+        return despiteReadOnly(path, [&] { return errorOf(RemoveDirectoryW(path.c_str())); });
+    });
 }
 
 } // namespace platform::windows

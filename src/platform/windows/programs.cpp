@@ -1,4 +1,5 @@
-// Programs on Windows: all of them by the shell, which also opens folders, texts and pages.
+// Programs on Windows: all of them by the shell, which asks for an administrator's rights where a
+// program wants them, and also opens folders, texts and pages.
 #include "platform/programs.h"
 
 #include <windows.h>
@@ -8,6 +9,7 @@
 
 #include "platform/disk.h"
 #include "platform/failure.h"
+#include "system_error.h"
 #include "system_text.h"
 
 namespace platform {
@@ -32,13 +34,17 @@ class WindowsPrograms final : public Programs {
         const auto path = windows::wide(disk_.systemPath(command.target));
         const auto arguments = windows::wide(command.arguments);
         const auto folder = path.substr(0, path.rfind(L'\\'));
-        const auto result = reinterpret_cast<INT_PTR>(
-            ShellExecuteW(nullptr, L"open", path.c_str(), arguments.c_str(), folder.c_str(),
-                          showCommand(command.window)));
-        constexpr INT_PTR greatestError = 32;
-        if (result <= greatestError)
-            throw Failure("start", command.target,
-                          windows::messageOf(static_cast<unsigned long>(result)));
+        const bool isProgram = command.kind == Command::Kind::program;
+        SHELLEXECUTEINFOW info{};
+        info.cbSize = sizeof info;
+        // The shell's own boxes would say the same once more.
+        info.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
+        info.lpFile = path.c_str();
+        info.lpParameters = arguments.empty() ? nullptr : arguments.c_str();
+        info.lpDirectory = isProgram ? folder.c_str() : nullptr;
+        info.nShow = showCommand(command.window);
+        if (ShellExecuteExW(&info) == 0)
+            throw Failure(isProgram ? "start" : "open", command.target, windows::lastError());
     }
 
     bool isRunning(const std::string& program) override {

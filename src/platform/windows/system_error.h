@@ -7,6 +7,9 @@
 
 namespace platform::windows {
 
+/// ERROR_DIRECTORY_NOT_SUPPORTED, which not every header names.
+inline constexpr DWORD errorIsFolder = 336;
+
 std::error_code codeOf(DWORD error);
 
 inline std::error_code lastError() {

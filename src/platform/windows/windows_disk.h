@@ -1,10 +1,10 @@
-// The raw disk of Windows. An open folder is its long path, which has no limit of 260 characters:
-// an open handle would keep others from renaming it.
+// The raw disk of Windows. An open folder is its raw path: an open handle would keep others from
+// renaming it and all folders above it.
 #pragma once
 
 #include "handle.h"
+#include "patience.h"
 #include "platform/raw_disk.h"
-#include "system_text.h"
 
 namespace platform::windows {
 
@@ -30,14 +30,19 @@ inline const std::wstring& pathOf(const RawFolder& folder) {
     return static_cast<const WindowsFolder&>(folder).path();
 }
 
-inline std::wstring pathOf(const RawFolder& in, const std::string& name) {
-    const auto& folder = pathOf(in);
-    return folder + (folder.ends_with(L'\\') ? L"" : L"\\") + wide(name);
-}
+/// No entry has a name that is no text.
+std::error_code findPath(const RawFolder& in, const std::string& name, std::wstring& path);
+/// For an entry that is to be made: a name that Windows cannot hold is refused.
+std::error_code newPath(const RawFolder& in, const std::string& name, std::wstring& path);
 
 inline HANDLE handleOf(const RawFile& file) {
     return static_cast<const WindowsFile&>(file).handle();
 }
+
+/// Links, junctions and mounted disks do; files that are only here when they are asked for are
+/// reparse points too, but the file itself.
+bool leadsElsewhere(DWORD reparseTag);
+DWORD attributesFor(std::uint32_t mode);
 
 /// Opens an entry of any kind to look at it or to change what is said of it.
 Handle openEntry(const std::wstring& path, Links links, DWORD access = FILE_READ_ATTRIBUTES);
@@ -49,6 +54,7 @@ class WindowsDisk final : public RawDisk {
   public:
     bool ignoresCase() const override { return true; }
     bool servesThreads() const override { return true; }
+    bool syncsAllContents() const override { return false; }
 
     // folders.cpp
     Error openRoot(const std::string& path, std::unique_ptr<RawFolder>& folder) override;
@@ -88,6 +94,9 @@ class WindowsDisk final : public RawDisk {
     Error readLink(RawFolder& in, const std::string& name, std::string& target) override;
     Error makeLink(RawFolder& in, const std::string& name, const std::string& target) override;
     Error unlink(RawFolder& in, const std::string& name) override;
+
+  private:
+    Patience patience_;
 };
 
 } // namespace platform::windows

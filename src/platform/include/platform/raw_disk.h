@@ -130,8 +130,11 @@ class RawDisk {
     /// A file's content, or the names in a folder, would survive a power cut.
     virtual Error sync(RawFile& file) = 0;
     virtual Error sync(RawFolder& folder) = 0;
-    /// All changes so far on the disk that a folder lies on.
+    /// All changes of names so far on the disk that a folder lies on, and of contents if
+    /// syncsAllContents.
     virtual Error syncAll(RawFolder& folder) = 0;
+    /// Where not, each file is to be synced by itself.
+    virtual bool syncsAllContents() const { return true; }
 
     /// file_exists if anything of the new name is there, cross_device_link between two disks.
     /// invalid_argument, not_supported or function_not_supported where the file system cannot
