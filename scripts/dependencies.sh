@@ -20,3 +20,5 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgl-dev libutf8p
     libdeflate-dev libarchive-dev zlib1g-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev)
 test_packages=(clang-format jq fonts-dejavu-core xvfb xauth dbus at-spi2-core python3-pyatspi
     strace)
+windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 wine nsis dpkg-dev make googletest
+    qt6-base-dev-tools)
