@@ -5,9 +5,12 @@ set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
-set(CMAKE_CROSSCOMPILING_EMULATOR wine64)
+# Debian keeps it out of the way of the wrapper that asks for the one of 32 bits.
+find_program(WINE wine64 PATHS /usr/lib/wine)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${WINE})
 
 set(windows_libraries ${CMAKE_CURRENT_LIST_DIR}/../build/windows-libraries)
+cmake_path(NORMAL_PATH windows_libraries)
 set(CMAKE_FIND_ROOT_PATH
   /usr/x86_64-w64-mingw32 ${windows_libraries}/small ${windows_libraries}/qt)
 set(CMAKE_PREFIX_PATH ${windows_libraries}/small ${windows_libraries}/qt)

@@ -1,7 +1,11 @@
-// The program: the real disk, the real windows, one frmMain.
+// The program: the real disk, the real windows, one frmMain; or one command without any window.
+#include <iostream>
+
 #include <QApplication>
 #include <QMessageBox>
 
+#include "commandline/commands.h"
+#include "platform/console.h"
 #include "platform/instance_lock.h"
 #include "views/qt_toolkit.h"
 #include "views/session_end.h"
@@ -9,7 +13,24 @@
 #include "windows/frmMain.h"
 #include "windows/title.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+constexpr auto isRunningAlready = "Vexillum is already running in this directory.";
+
+int runCommand(const std::vector<std::string>& arguments) {
+    platform::useConsoleOfCaller();
+    const auto folder = platform::programFolder();
+    const auto lock = platform::lockFolder(folder);
+    if (!lock) {
+        std::cerr << isRunningAlready << '\n';
+        return commandline::failed;
+    }
+    const auto disk = platform::makeDisk();
+    const auto programs = platform::makePrograms(*disk);
+    return commandline::run({*disk, *programs, folder, std::cout, std::cerr}, arguments);
+}
+
+int runWindows(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Vexillum");
     QApplication::setApplicationVersion(VEXILLUM_VERSION);
@@ -19,8 +40,7 @@ int main(int argc, char** argv) {
     const auto folder = platform::programFolder();
     const auto lock = platform::lockFolder(folder);
     if (!lock) {
-        QMessageBox::information(nullptr, windows::applicationTitle,
-                                 "Vexillum is already running in this directory.");
+        QMessageBox::information(nullptr, windows::applicationTitle, isRunningAlready);
         return 1;
     }
     const auto disk = platform::makeDisk();
@@ -32,4 +52,11 @@ int main(int argc, char** argv) {
         {*disk, toolkit, *programs, folder, platform::programName(), arguments.toStdString()});
     main.run();
     return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    return commandline::isCommand(arguments) ? runCommand(arguments) : runWindows(argc, argv);
 }

@@ -53,7 +53,13 @@ QString shown(std::string_view bytes) {
 }
 
 std::string nativePath(const QString& path) {
-    return QFile::encodeName(QDir::toNativeSeparators(path)).toStdString();
+    const auto native = QDir::toNativeSeparators(path);
+#ifdef Q_OS_WIN
+    // Qt would go by the code page of the user.
+    return native.toStdString();
+#else
+    return QFile::encodeName(native).toStdString();
+#endif
 }
 
 std::string entered(const QString& text) {

@@ -2,14 +2,14 @@
 #include "views/style.h"
 
 #include <QApplication>
-#include <QDBusInterface>
-#include <QDBusReply>
 #include <QIcon>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleOption>
+
+#include "dark_desktop.h"
 
 namespace views {
 namespace {
@@ -31,28 +31,11 @@ constexpr Colours light = {"#f4f5f7", "#ffffff", "#ffffff", "#c9ced6", "#1c2128"
 constexpr Colours dark = {"#1e2227", "#16191d", "#2a2f36", "#444c57", "#e4e7eb",
                           "#98a2b0", "#5b9cf5", "#0d1218", "#303947"};
 
-/// 1 stands for dark in the desktop portal's settings.
-bool portalSaysDark() {
-    if (!QDBusConnection::sessionBus().isConnected())
-        return false;
-    QDBusInterface portal("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
-                          "org.freedesktop.portal.Settings");
-    portal.setTimeout(300);
-    const QDBusReply<QVariant> reply =
-        portal.call("Read", "org.freedesktop.appearance", "color-scheme");
-    if (!reply.isValid())
-        return false;
-    auto value = reply.value();
-    while (value.userType() == qMetaTypeId<QDBusVariant>())
-        value = value.value<QDBusVariant>().variant();
-    return value.toUInt() == 1;
-}
-
 bool desktopIsDark() {
     const auto window = QApplication::palette().color(QPalette::Window);
     return window.lightness() < 128 ||
            qEnvironmentVariable("GTK_THEME").contains("dark", Qt::CaseInsensitive) ||
-           portalSaysDark();
+           settingsSayDark();
 }
 
 QPalette paletteOf(const Colours& colours) {

@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "support/system.h"
 #include "views/session_end.h"
 #include "views/support/window_test.h"
 
@@ -21,7 +22,8 @@ using test::WindowTest;
 
 TEST_F(WindowTest, a_map_is_ticked_and_launched_through_the_widgets) {
     game.put("Vexillum/Map-New/maps/a.ota", "new");
-    game.put("Vexillum/Map-\xC4gypten/info.txt", "Sch\xF6n");
+    game.put(test::onWindows ? "Vexillum/Map-Ägypten/info.txt" : "Vexillum/Map-\xC4gypten/info.txt",
+             "Sch\xF6n");
     game.put("maps/A.OTA", "game");
     run({
         [] { chooseTab(4); },

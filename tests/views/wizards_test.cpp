@@ -12,6 +12,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "support/system.h"
 #include "views/support/window_test.h"
 
 namespace {
@@ -52,7 +53,7 @@ TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
             EXPECT_TRUE(find<QGroupBox>("fraS2")->isVisible());
             EXPECT_FALSE(find<QLineEdit>("txt1Name")->isEnabled());
             EXPECT_EQ(find<QLineEdit>("txt2Where")->text().toStdString(),
-                      game.folder() + "/Vexillum/Map-Old");
+                      game.folder() + test::shown("/Vexillum/Map-Old"));
             QMimeData files;
             files.setUrls(
                 {QUrl::fromLocalFile(QString::fromStdString(game.folder() + "/dropped/maps"))});
