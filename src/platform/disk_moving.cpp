@@ -125,11 +125,11 @@ bool Disk::renameEntry(const std::string& path, const std::string& newName) {
         return false;
     if (*name == newName)
         return true;
-    // Where the system ignores case, the new spelling is taken by the entry itself.
+    // Where case is ignored, the new spelling is taken by the entry itself.
+    const bool isItself = taken && folder.look(newName, Links::kept);
     const auto error =
-        taken && raw_->ignoresCase()
-            ? raw_->renameOver(folder.raw(), *name, folder.raw(), newName)
-            : renameWithoutReplacing(*raw_, folder.raw(), *name, folder.raw(), newName);
+        isItself ? raw_->renameOver(folder.raw(), *name, folder.raw(), newName)
+                 : renameWithoutReplacing(*raw_, folder.raw(), *name, folder.raw(), newName);
     check(error, "rename", path);
     folder.noteRemoved(*name);
     folder.noteAdded(newName);

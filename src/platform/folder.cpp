@@ -19,6 +19,12 @@ constexpr auto ticksOfFileTime = 50ms;
 constexpr auto longestBurst = 1s;
 constexpr int shareOfListing = 100;
 
+char withOtherCase(char c) {
+    constexpr char caseBit = 0x20;
+    const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    return isLetter ? static_cast<char>(c ^ caseBit) : c;
+}
+
 FileTime wallTime() {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
@@ -34,9 +40,25 @@ std::optional<RawEntry> Folder::look(const std::string& name, Links links) {
 }
 
 std::optional<std::string> Folder::spelling(const std::string& name) {
-    if (!look(name, Links::kept))
+    const auto entry = look(name, Links::kept);
+    if (!entry)
         return otherSpelling(name);
-    return disk_.ignoresCase() ? otherSpelling(name).value_or(name) : name;
+    return ignoresCase(name, *entry) ? otherSpelling(name).value_or(name) : name;
+}
+
+/// Of a file with several names, two may differ in case alone wherever it lies.
+bool Folder::ignoresCase(const std::string& name, const RawEntry& entry) {
+    if (disk_.ignoresCase())
+        return true;
+    if (!ignoresCase_) {
+        auto other = name;
+        std::transform(other.begin(), other.end(), other.begin(), withOtherCase);
+        if (other == name || (entry.kind != RawKind::folder && entry.names > 1))
+            return false;
+        const auto same = look(other, Links::kept);
+        ignoresCase_ = same && same->identity == entry.identity;
+    }
+    return *ignoresCase_;
 }
 
 std::optional<std::string> Folder::otherSpelling(const std::string& name) {

@@ -31,6 +31,9 @@ class Folder {
     std::optional<std::string> spelling(const std::string& name);
     /// The spelling of an entry of which the one given was already missed.
     std::optional<std::string> otherSpelling(const std::string& name);
+    /// Whether names that differ in case alone are one to the file system that the folder lies on,
+    /// told by an entry that is there. A memory stick may be so where the system is not.
+    bool ignoresCase(const std::string& name, const RawEntry& entry);
     /// Whether there is an entry of that name in any case.
     bool has(const std::string& name) { return otherSpelling(name).has_value(); }
 
@@ -60,6 +63,7 @@ class Folder {
     /// In any case: the system may have taken another spelling.
     NameIndex opened_;
 
+    std::optional<bool> ignoresCase_;
     NameIndex names_;
     bool isListed_ = false;
     /// Whether the folder's time no longer tells changes of others from the program's own.

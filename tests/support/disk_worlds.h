@@ -120,6 +120,8 @@ inline const WorldKind worldKinds[] = {
     {"wrapped", []() -> std::unique_ptr<World> { return std::make_unique<WrappedWorld>(); }},
     {"memory", memoryWorld<platform::MemoryDiskKind{}>},
     {"memory_ignoring_case", memoryWorld<platform::MemoryDiskKind{.ignoresCase = true}>},
+    {"memory_ignoring_case_in_silence",
+     memoryWorld<platform::MemoryDiskKind{.ignoresCase = true, .saysWhetherItIgnoresCase = false}>},
     {"memory_that_always_replaces",
      memoryWorld<platform::MemoryDiskKind{.refusesToReplace = false}>},
     {"memory_without_hard_links",

@@ -63,10 +63,10 @@ TEST_F(WindowTest, a_map_is_ticked_and_launched_through_the_widgets) {
             key(log, Qt::Key_Return);
         },
     });
-    EXPECT_EQ(game.content("maps/A.OTA"), std::nullopt);
+    EXPECT_FALSE(game.has("maps/A.OTA"));
     EXPECT_EQ(game.content("maps/a.ota"), "new");
     ASSERT_EQ(started.size(), 1U);
-    EXPECT_EQ(started[0], game.folder() + "/totala.exe");
+    EXPECT_EQ(started[0], game.folder() + test::shown("/totala.exe"));
 }
 
 TEST_F(WindowTest, the_rest_of_a_row_can_be_answered_alike) {
@@ -198,6 +198,8 @@ TEST_F(WindowTest, badges_count_what_is_marked_and_what_there_is) {
 }
 
 TEST_F(WindowTest, a_signal_to_end_applies_and_saves) {
+    if (test::onWindows)
+        GTEST_SKIP() << "the end of a session comes there as a message to the windows";
     game.put("Vexillum/Map-New/a.ufo", "new");
     game.put("a.ufo", "game");
     std::unique_ptr<views::SessionEnd> end;
@@ -235,13 +237,15 @@ TEST_F(WindowTest, keys_reach_tabs_and_buttons) {
         },
         [this] {
             ASSERT_EQ(started.size(), 1U) << "Enter presses the button that has the focus";
-            EXPECT_TRUE(QString::fromStdString(started[0]).endsWith("/VXL-Help/Index.html\""));
+            EXPECT_TRUE(
+                QString::fromStdString(started[0])
+                    .endsWith(QString::fromStdString(test::shown("/VXL-Help/Index.html") + '"')));
             find<QListView>("lstList")->setFocus();
             key(find<QListView>("lstList"), Qt::Key_Return);
         },
     });
     ASSERT_EQ(started.size(), 2U) << "and the launch button where no button has it";
-    EXPECT_EQ(started[1], game.folder() + "/totala.exe");
+    EXPECT_EQ(started[1], game.folder() + test::shown("/totala.exe"));
 }
 
 TEST_F(WindowTest, every_control_has_its_widget_by_its_name) {

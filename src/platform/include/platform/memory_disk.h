@@ -17,6 +17,8 @@ namespace platform {
 /// What a disk can do and cannot.
 struct MemoryDiskKind {
     bool ignoresCase = false;
+    /// Not so where the system tells case apart and one of its file systems does not.
+    bool saysWhetherItIgnoresCase = true;
     bool refusesToReplace = true; ///< renames that never replace
     bool hasHardLinks = true;
 };
@@ -69,7 +71,9 @@ class MemoryDisk final : public RawDisk {
     /// How often each call was made.
     int calls(const std::string& name) const;
 
-    bool ignoresCase() const override { return kind_.ignoresCase; }
+    bool ignoresCase() const override {
+        return kind_.ignoresCase && kind_.saysWhetherItIgnoresCase;
+    }
     Error openRoot(const std::string& path, std::unique_ptr<RawFolder>& folder) override;
     Error openFolder(RawFolder& in, const std::string& name, Links links,
                      std::unique_ptr<RawFolder>& folder) override;
