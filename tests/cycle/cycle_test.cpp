@@ -148,8 +148,10 @@ void expectSameFolders(const std::vector<std::string>& before,
         }
 }
 
-TEST(Cycle, holds_in_300_random_game_directories) {
-    for (unsigned seed = 1; seed <= 300; ++seed) {
+TEST(Cycle, holds_in_random_game_directories) {
+    // Under a layer over another system each takes a second.
+    constexpr unsigned games = test::onWindows ? 60 : 300;
+    for (unsigned seed = 1; seed <= games; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         const bool alike = seed % 2 == 0;
         RandomGame random(seed, alike);
