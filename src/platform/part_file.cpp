@@ -15,8 +15,12 @@ constexpr std::string_view partHead = ".vexillum-part-";
 
 } // namespace
 
+bool isPart(std::string_view name) {
+    return name.starts_with(partHead);
+}
+
 bool isLeftOver(std::string_view name) {
-    if (!name.starts_with(partHead))
+    if (!isPart(name))
         return false;
     unsigned long process = 0;
     const auto* end = name.data() + name.size();

@@ -16,6 +16,9 @@ namespace platform {
 /// Hidden, so that one left behind by a crash is in no listing; never given out twice.
 std::string nextPartName();
 
+/// Whether a name is that of a part, whoever made it.
+bool isPart(std::string_view name);
+
 /// Whether a name is that of a part whose process runs no more.
 bool isLeftOver(std::string_view name);
 

@@ -28,5 +28,13 @@ grep -q '<h1>' "$game/vexillum/VXL-Help/Index.html" || { echo "the help page is 
 sections=$(readelf -SW "$game/Vexillum.exe") && grep -qF .text <<<"$sections" ||
     { echo "the program cannot be read"; status=1; }
 left=$(grep -oE '\.(debug_[a-z]+|symtab)' <<<"$sections") && { echo "the program still has" $left; status=1; }
+command() { env -u DISPLAY -u WAYLAND_DISPLAY "$game/Vexillum.exe" "$@"; }
+[[ $(command --version) == Vexillum\ [0-9]* ]] || { echo "the program does not tell its version"; status=1; }
+command --reset >/dev/null && { echo "a journal that cannot be read counts as undone"; status=1; }
+expect vexillum/vxl-changes/internal.TXT journal
+printf 'MKDIRS\r\nMOVES\r\nVexillum\\TC-Cavedog TA\\info.txt\r\nmoved.txt\r\n' >"$game/vexillum/vxl-changes/internal.TXT"
+mv "$game/vexillum/TC-Cavedog TA/info.txt" "$game/moved.txt"
+command --reset >/dev/null || { echo "the reset without a display fails"; status=1; }
+expect "vexillum/TC-Cavedog TA/info.txt" mine
 [ ! -e "$game/Vexillum" ] || { echo "a second data tree was made"; status=1; }
 exit $status

@@ -372,27 +372,29 @@ TEST(Durability, in_a_folder_that_takes_no_new_files_an_old_one_stays) {
 }
 
 TEST(Durability, a_batch_comes_whole_or_not_and_leaves_nothing_behind) {
-    for (const bool isCommitted : {false, true}) {
-        Machine machine;
-        machine.memory->put("/game/old", "old");
-        const auto disk = machine.disk();
-        {
-            WriteBatch batch(*disk);
-            for (const auto* name : {"old", "new"})
-                disk->writePieces(std::string("/game\\") + name,
-                                  [](const auto& sink) { sink("content"); });
-            EXPECT_EQ(machine.memory->content("/game/old"), "old");
-            EXPECT_FALSE(machine.memory->has("/game/new"));
+    for (const bool isCommitted : {false, true})
+        for (const bool syncsAllContents : {false, true}) {
+            Machine machine({.syncsAllContents = syncsAllContents});
+            machine.memory->put("/game/old", "old");
+            const auto disk = machine.disk();
+            {
+                WriteBatch batch(*disk);
+                for (const auto* name : {"old", "new"})
+                    disk->writePieces(std::string("/game\\") + name,
+                                      [](const auto& sink) { sink("content"); });
+                EXPECT_EQ(machine.memory->content("/game/old"), "old");
+                EXPECT_FALSE(machine.memory->has("/game/new"));
+                if (isCommitted)
+                    batch.commit();
+            }
+            machine.memory->losePower({0});
             if (isCommitted)
-                batch.commit();
+                EXPECT_EQ(
+                    machine.files(),
+                    (Files{{"new", "content"}, {"old", "content"}, {"totala.exe", "the game"}}));
+            else
+                EXPECT_EQ(machine.files(), (Files{{"old", "old"}, {"totala.exe", "the game"}}));
         }
-        machine.memory->losePower({0});
-        if (isCommitted)
-            EXPECT_EQ(machine.files(),
-                      (Files{{"new", "content"}, {"old", "content"}, {"totala.exe", "the game"}}));
-        else
-            EXPECT_EQ(machine.files(), (Files{{"old", "old"}, {"totala.exe", "the game"}}));
-    }
 }
 
 TEST(Durability, parts_of_dead_processes_go_and_those_of_the_living_stay) {

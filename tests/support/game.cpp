@@ -42,6 +42,7 @@ fs::path Game::at(std::string_view path) const {
 void Game::put(std::string_view path, std::string_view content) const {
     fs::create_directories(at(path).parent_path());
     std::ofstream(at(path), std::ios::binary) << content;
+    hideIfDotted(at(path));
 }
 
 void Game::makeFolder(std::string_view path) const {

@@ -131,6 +131,11 @@ bool belongsTo(const fs::path& /*path*/, unsigned /*owner*/, unsigned /*group*/)
     return false;
 }
 
+void hideIfDotted(const fs::path& path) {
+    if (path.filename().wstring().starts_with(L'.'))
+        SetFileAttributesW(path.c_str(), GetFileAttributesW(path.c_str()) | FILE_ATTRIBUTE_HIDDEN);
+}
+
 void setReadOnly(const fs::path& path, bool isReadOnly) {
     const auto attributes = GetFileAttributesW(path.c_str());
     SetFileAttributesW(path.c_str(), isReadOnly ? attributes | FILE_ATTRIBUTE_READONLY
@@ -212,6 +217,8 @@ bool belongsTo(const fs::path& path, unsigned owner, unsigned group) {
     struct stat found {};
     return ::stat(path.c_str(), &found) == 0 && found.st_uid == owner && found.st_gid == group;
 }
+
+void hideIfDotted(const fs::path& /*path*/) {}
 
 void setReadOnly(const fs::path& path, bool isReadOnly) {
     constexpr auto writing =

@@ -46,6 +46,9 @@ bool makePipe(const std::filesystem::path& path);
 bool giveAway(const std::filesystem::path& path, unsigned owner, unsigned group);
 bool belongsTo(const std::filesystem::path& path, unsigned owner, unsigned group);
 
+/// Where a dot at the head of a name hides nothing, a mark does.
+void hideIfDotted(const std::filesystem::path& path);
+
 /// Locked against writing, or open again.
 void setReadOnly(const std::filesystem::path& path, bool isReadOnly);
 bool isReadOnly(const std::filesystem::path& path);

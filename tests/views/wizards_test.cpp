@@ -31,7 +31,7 @@ void typeInto(const char* name, const QString& text) {
 TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
     // Its text is in an encoding that is no UTF-8, and must stay so unless the user changes it.
     game.put("Vexillum/Map-Old/info.txt", "Sch\xF6n");
-    game.put("dropped/maps/a.ota", "a");
+    game.put("drüben/maps/a.ota", "a");
     run({
         [] { chooseTab(4); },
         [] { find<QPushButton>("cmdAdd")->click(); },
@@ -56,7 +56,7 @@ TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
                       game.folder() + test::shown("/Vexillum/Map-Old"));
             QMimeData files;
             files.setUrls(
-                {QUrl::fromLocalFile(QString::fromStdString(game.folder() + "/dropped/maps"))});
+                {QUrl::fromLocalFile(QString::fromStdString(game.folder() + "/drüben/maps"))});
             QDragEnterEvent enter({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
             QApplication::sendEvent(find<QWidget>("frmAdd"), &enter);
             EXPECT_TRUE(enter.isAccepted());

@@ -139,7 +139,8 @@ void MemoryDisk::revert(Node& node, const std::set<std::uint64_t>& disksWithAllN
 }
 
 void MemoryDisk::syncTree(Node& node) {
-    node.syncedContent = node.content;
+    if (kind_.syncsAllContents)
+        node.syncedContent = node.content;
     node.syncedEntries = node.entries;
     for (const auto& [name, below] : node.entries)
         if (below->entry.identity.device == node.entry.identity.device)

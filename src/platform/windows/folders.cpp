@@ -1,6 +1,7 @@
 // Folders: opening, listing, looking at what is in them.
 #include <memory>
 
+#include "part_file.h"
 #include "paths.h"
 #include "read_only.h"
 #include "system_error.h"
@@ -68,7 +69,8 @@ RawDisk::Error WindowsDisk::list(RawFolder& folder, std::vector<RawName>& names)
         auto name = narrow(found.cFileName);
         if (name == "." || name == "..")
             continue;
-        const bool isHidden = (found.dwFileAttributes & hidden) != 0 || name.starts_with('.');
+        // A dot hides nothing here.
+        const bool isHidden = (found.dwFileAttributes & hidden) != 0 || isPart(name);
         names.push_back({std::move(name), kindOf(found), isHidden});
     } while (FindNextFileW(search, &found) != 0);
     return GetLastError() == ERROR_NO_MORE_FILES ? Error() : lastError();

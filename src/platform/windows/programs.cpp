@@ -33,7 +33,8 @@ class WindowsPrograms final : public Programs {
     void start(const Command& command) override {
         const auto path = windows::wide(disk_.systemPath(command.target));
         const auto arguments = windows::wide(command.arguments);
-        const auto folder = path.substr(0, path.rfind(L'\\'));
+        // With the separator: "C:" alone would be the current folder of that drive.
+        const auto folder = path.substr(0, path.rfind(L'\\') + 1);
         const bool isProgram = command.kind == Command::Kind::program;
         SHELLEXECUTEINFOW info{};
         info.cbSize = sizeof info;

@@ -21,6 +21,8 @@ struct MemoryDiskKind {
     bool saysWhetherItIgnoresCase = true;
     bool refusesToReplace = true; ///< renames that never replace
     bool hasHardLinks = true;
+    /// A sync of the whole disk reaches the contents of files, not only names.
+    bool syncsAllContents = true;
 };
 
 /// What of the changes that were not synced a power cut leaves.
@@ -74,6 +76,7 @@ class MemoryDisk final : public RawDisk {
     bool ignoresCase() const override {
         return kind_.ignoresCase && kind_.saysWhetherItIgnoresCase;
     }
+    bool syncsAllContents() const override { return kind_.syncsAllContents; }
     Error openRoot(const std::string& path, std::unique_ptr<RawFolder>& folder) override;
     Error openFolder(RawFolder& in, const std::string& name, Links links,
                      std::unique_ptr<RawFolder>& folder) override;
