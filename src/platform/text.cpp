@@ -64,7 +64,7 @@ bool isUtf8(std::string_view text) {
 }
 
 /// Windows-1252 from 0x80 to 0x9F; the five holes stand for themselves.
-constexpr std::array<utf8proc_int32_t, 32> upperControls = {
+constexpr std::array<char32_t, 32> upperControls = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
@@ -150,7 +150,7 @@ std::string toUtf8(std::string_view bytes) {
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
         const bool inTable = byte >= 0x80 && byte < 0xA0;
-        appendCodePoint(text, inTable ? upperControls[byte - 0x80U] : byte);
+        appendCodePoint(text, inTable ? upperControls[byte - 0x80U] : char32_t{byte});
     }
     return text;
 }
