@@ -306,7 +306,7 @@ Section Uninstall
         ${If} $0 != 0
         ${AndIf} $force != 1
             MessageBox MB_YESNO|MB_ICONEXCLAMATION|MB_DEFBUTTON2 \
-                'Not all files of the last launch could be moved back. Vexillum at its next start would say which.$\r$\n$\r$\nWould you like to remove it all the same?' \
+                'Not all files of the last launch could be moved back, or the game still runs. Vexillum at its next start would say which.$\r$\n$\r$\nWould you like to remove it all the same?' \
                 /SD IDNO IDYES goOn
             SetErrorLevel 4
             Quit

@@ -20,6 +20,7 @@
 #include "windows/held_names.h"
 #include "windows/paths.h"
 #include "windows/system_text.h"
+#include "windows/windows_disk.h"
 
 namespace platform {
 namespace {
@@ -154,6 +155,14 @@ TEST(WindowsPaths, know_drives_shares_and_the_raw_form) {
     EXPECT_EQ(absoluteFolder("C:\\games\\ta\\..\\"), "C:\\games");
     EXPECT_EQ(absoluteFolder("C:/"), "C:");
     EXPECT_THAT(programFolder(), testing::Not(testing::EndsWith("\\")));
+}
+
+TEST(WindowsLinks, are_told_from_files_that_are_only_fetched_when_asked_for) {
+    EXPECT_TRUE(windows::leadsElsewhere(IO_REPARSE_TAG_SYMLINK));
+    EXPECT_TRUE(windows::leadsElsewhere(IO_REPARSE_TAG_MOUNT_POINT));
+    constexpr DWORD cloud = 0x9000001A;
+    EXPECT_FALSE(windows::leadsElsewhere(cloud));
+    EXPECT_FALSE(windows::leadsElsewhere(IO_REPARSE_TAG_DEDUP));
 }
 
 TEST_F(WindowsDiskTest, paths_may_be_longer_than_260_characters) {
