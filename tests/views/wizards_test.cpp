@@ -61,6 +61,7 @@ TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
             QApplication::sendEvent(find<QWidget>("frmAdd"), &enter);
             EXPECT_TRUE(enter.isAccepted());
             QDropEvent drop({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+            awaited = [] { return find<QLabel>("lbl2Files")->text().endsWith("copied."); };
             QApplication::sendEvent(find<QWidget>("frmAdd"), &drop);
         },
         [] {

@@ -41,13 +41,20 @@ class WindowTest : public testing::Test {
             if (next == 0 && (main.resting() || (log != nullptr && log->isVisible()) ||
                               main.lstList.count() == 0))
                 return;
-            if (next < steps.size())
+            if (next < steps.size() && (isAwaited() || --patience == 0)) {
+                awaited = nullptr;
+                patience = mostTicks;
                 steps[next++]();
+            }
         });
         clock.start(40);
         main.run();
         EXPECT_EQ(next, steps.size());
     }
+
+    /// Work that the last step has set off goes on behind it: the next step waits until this holds,
+    /// but not without end.
+    std::function<bool()> awaited;
 
     static void chooseTab(int index) {
         auto* tabs = find<QTabBar>("tspMain");
@@ -58,6 +65,10 @@ class WindowTest : public testing::Test {
         Q_EMIT list->clicked(list->model()->index(row, 0));
     }
 
+    bool isAwaited() const { return !awaited || awaited(); }
+
+    static constexpr int mostTicks = 250;
+    int patience = mostTicks;
     test::Game game;
     views::QtToolkit* toolkit = nullptr;
     windows::frmMain* window = nullptr;
