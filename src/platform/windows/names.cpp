@@ -39,46 +39,50 @@ bool isSameEntry(const RawFolder& from, const std::string& name, const RawFolder
     return pathOf(from) == pathOf(to) && equalIgnoringCase(name, newName);
 }
 
+struct OldAndNew {
+    std::wstring oldPath;
+    std::wstring path;
+};
+
+std::error_code findPaths(const RawFolder& from, const std::string& name, const RawFolder& to,
+                          const std::string& newName, OldAndNew& paths) {
+    const auto error = findPath(from, name, paths.oldPath);
+    return error ? error : newPath(to, newName, paths.path);
+}
+
 } // namespace
 
 /// Without MOVEFILE_REPLACE_EXISTING the system never replaces.
 RawDisk::Error WindowsDisk::renameNew(RawFolder& from, const std::string& name, RawFolder& to,
                                       const std::string& newName) {
-    std::wstring oldPath;
-    std::wstring path;
-    if (const auto error = findPath(from, name, oldPath))
+    OldAndNew paths;
+    if (const auto error = findPaths(from, name, to, newName, paths))
         return error;
-    if (const auto error = newPath(to, newName, path))
-        return error;
-    return patience_.with([&] { return errorOf(MoveFileExW(oldPath.c_str(), path.c_str(), 0)); });
+    return patience_.with(
+        [&] { return errorOf(MoveFileExW(paths.oldPath.c_str(), paths.path.c_str(), 0)); });
 }
 
 RawDisk::Error WindowsDisk::renameOver(RawFolder& from, const std::string& name, RawFolder& to,
                                        const std::string& newName) {
-    std::wstring oldPath;
-    std::wstring path;
-    if (const auto error = findPath(from, name, oldPath))
-        return error;
-    if (const auto error = newPath(to, newName, path))
+    OldAndNew paths;
+    if (const auto error = findPaths(from, name, to, newName, paths))
         return error;
     if (isSameEntry(from, name, to, newName))
-        return patience_.with([&] { return respell(oldPath, path); });
+        return patience_.with([&] { return respell(paths.oldPath, paths.path); });
     return patience_.with([&] {
-        return despiteReadOnly(path, [&] {
-            return errorOf(MoveFileExW(oldPath.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING));
+        return despiteReadOnly(paths.path, [&] {
+            return errorOf(
+                MoveFileExW(paths.oldPath.c_str(), paths.path.c_str(), MOVEFILE_REPLACE_EXISTING));
         });
     });
 }
 
 RawDisk::Error WindowsDisk::hardLink(RawFolder& from, const std::string& name, RawFolder& to,
                                      const std::string& newName) {
-    std::wstring oldPath;
-    std::wstring path;
-    if (const auto error = findPath(from, name, oldPath))
+    OldAndNew paths;
+    if (const auto error = findPaths(from, name, to, newName, paths))
         return error;
-    if (const auto error = newPath(to, newName, path))
-        return error;
-    return errorOf(CreateHardLinkW(path.c_str(), oldPath.c_str(), nullptr));
+    return errorOf(CreateHardLinkW(paths.path.c_str(), paths.oldPath.c_str(), nullptr));
 }
 
 /// Making links needs rights that players seldom have, so none is moved between disks.
