@@ -48,8 +48,8 @@ int runWindows(int argc, char** argv) {
     views::QtToolkit toolkit;
     const views::SessionEnd sessionEnd(toolkit);
     const auto arguments = QApplication::arguments().mid(1).join(' ');
-    windows::frmMain main(
-        {*disk, toolkit, *programs, folder, platform::programName(), arguments.toStdString()});
+    windows::frmMain main({*disk, toolkit, *programs, folder, platform::programName(),
+                           arguments.toStdString(), platform::takeHandedOver()});
     main.run();
     return 0;
 }

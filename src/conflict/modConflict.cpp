@@ -14,7 +14,17 @@ constexpr auto workFolder = "VXL-WID";
 
 } // namespace
 
-std::string modConflict::scanWeaponIDs() {
+std::string modConflict::Report::summary() const {
+    if (conflictIDs.empty())
+        return "No conflicts";
+    std::string line = std::to_string(conflictIDs.size()) +
+                       (conflictIDs.size() == 1 ? " conflict: ID " : " conflicts: IDs ");
+    for (const auto& id : conflictIDs)
+        line += (id == conflictIDs.front() ? "" : ", ") + std::to_string(id);
+    return line;
+}
+
+modConflict::Report modConflict::scanWeaponIDs() {
     auto& disk = game_.disk();
     auto& log = game_.log();
     const auto work = game_.inDataTree(workFolder);
@@ -37,9 +47,14 @@ std::string modConflict::scanWeaponIDs() {
             }
         });
     }
-    std::string report;
-    for (int id = 0; id <= WeaponTable::lastListedID; ++id)
-        report += table.reportLine(id);
+    Report report;
+    for (int id = 0; id <= WeaponTable::lastListedID; ++id) {
+        report.text += table.reportLine(id);
+        if (!table.isConflict(id))
+            continue;
+        report.conflicts += table.reportLine(id);
+        report.conflictIDs.push_back(id);
+    }
     game_.totallyKillFolder(work, false);
     return report;
 }

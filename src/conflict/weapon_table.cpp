@@ -38,6 +38,10 @@ void WeaponTable::claim(std::string_view number) {
         name += conflictMark + currentName_;
 }
 
+bool WeaponTable::isConflict(int id) const {
+    return (*this)[id].find(conflictMark) != std::string::npos;
+}
+
 std::string WeaponTable::reportLine(int id) const {
     return "ID " + std::to_string(id) + ": " + (*this)[id] + std::string(platform::lineBreak);
 }

@@ -55,6 +55,7 @@ std::vector<std::size_t> move(releases::GameDirectory& game, const Journal& jour
         log.line(line.assign(move.source).append(" to ").append(move.destination));
         if (!game.MoveFile(game.at(move.source, from), game.at(move.destination, to)))
             failed.push_back(number);
+        log.progress(number, journal.moves.size());
         log.breathe();
     }
     return failed;

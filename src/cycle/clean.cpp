@@ -66,7 +66,7 @@ void cleanGameDirectory(releases::GameDirectory& game, std::string_view programN
             move(name);
     }
     if (!left.empty())
-        game.questions().tell("These stay, because files of releases that could not be moved back "
+        game.questions().warn("These stay, because files of releases that could not be moved back "
                               "yet lie there:\r\n\r\n" +
                               platform::shownList(left));
 }

@@ -78,9 +78,12 @@ Unfinished undo(releases::GameDirectory& game, const LastLaunch& last, bool modi
     game.beginMoves();
     std::vector<Journal::Move> left;
     UndoMove moves(game, last);
-    for (auto number = last.journal.moves.size(); number > 0; --number)
+    const auto all = last.journal.moves.size();
+    for (auto number = all; number > 0; --number) {
+        log.progress(all - number, all);
         if (!moves.undo(number - 1))
             left.push_back(last.journal.moves[number - 1]);
+    }
     for (auto move = last.pending.moves.rbegin(); move != last.pending.moves.rend(); ++move)
         if (!moves.undoPending(*move))
             left.push_back(*move);

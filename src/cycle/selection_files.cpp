@@ -62,4 +62,27 @@ void killSels(const releases::GameDirectory& game) {
         std::string(platform::lineBreak));
 }
 
+std::string textOf(const Selection& selection) {
+    std::string text;
+    for (const auto* info : releases::typesByTab())
+        for (const auto& name : selection.namesOf(info->type))
+            text.append(info->shortName).append(":").append(name).append(platform::lineBreak);
+    return text;
+}
+
+void readText(std::string_view text, Selection& selection) {
+    selection.revert();
+    for (const auto& line : platform::splitLines(text))
+        for (const auto* info : releases::typesByTab()) {
+            const auto head = std::string(info->shortName) + ":";
+            if (!line.starts_with(head))
+                continue;
+            const auto name = std::string_view(line).substr(head.size());
+            if (info->isSingle())
+                selection.choose(info->type, name);
+            else
+                selection.add(info->type, name);
+        }
+}
+
 } // namespace cycle

@@ -40,6 +40,7 @@ bool canBePressed(windows::Control* control) {
     if (const auto* label = dynamic_cast<windows::Label*>(control))
         return static_cast<bool>(label->onClick);
     return dynamic_cast<windows::Button*>(control) != nullptr ||
+           dynamic_cast<windows::CheckBox*>(control) != nullptr ||
            dynamic_cast<windows::MenuItem*>(control) != nullptr;
 }
 
@@ -55,12 +56,12 @@ Gesture tab(const Windows& windows, const std::string& caption, const std::strin
     return made(Kind::tab, tabs, tabs ? rowOf(tabs->captions(), caption, itself) : nullptr, line);
 }
 
-Gesture mark(const Windows& windows, const std::string& text, const std::string& line) {
+Gesture item(Kind kind, const Windows& windows, const std::string& text, const std::string& line) {
     auto* list = find<windows::MarkList>(windows, "lstList");
     const auto textOf = [](const windows::MarkList::Item& item) -> const std::string& {
         return item.text;
     };
-    return made(Kind::mark, list, list ? rowOf(list->items(), text, textOf) : nullptr, line);
+    return made(kind, list, list ? rowOf(list->items(), text, textOf) : nullptr, line);
 }
 
 Gesture click(const Windows& windows, const std::string& name, const std::string& line) {
@@ -88,13 +89,19 @@ Gesture gestureOf(const std::string& line, const Windows& windows) {
     if (action == "tab")
         return tab(windows, rest, line);
     if (action == "mark")
-        return mark(windows, rest, line);
+        return item(Kind::mark, windows, rest, line);
+    if (action == "read")
+        return item(Kind::read, windows, rest, line);
     if (action == "click")
         return click(windows, rest, line);
     if (action == "pick")
         return pick(windows, rest, line);
     if (action == "type")
         return type(windows, rest, line);
+    if (action == "drop" && !windows.empty() && windows.back()->onDrop)
+        return {Kind::drop, windows.back(), nullptr, rest};
+    if (line == "escape" && !windows.empty())
+        return {Kind::escape, windows.back(), nullptr, {}};
     if (line != "close" || windows.empty() || !windows.back()->onClose)
         throw BadLine(line);
     return {Kind::close, windows.back(), nullptr, {}};
@@ -119,6 +126,14 @@ windows::Action actionOf(const Gesture& gesture) {
         auto& list = static_cast<windows::MarkList&>(*gesture.control);
         return windows::click(list, gesture.text, list.revision());
     }
+    case Kind::read: {
+        auto& list = static_cast<windows::MarkList&>(*gesture.control);
+        return windows::read(list, gesture.text, list.revision());
+    }
+    case Kind::drop:
+        return windows::drop(*gesture.window, {gesture.text});
+    case Kind::escape:
+        return windows::escape(*gesture.window);
     case Kind::pick:
         return windows::choose(static_cast<windows::ComboBox&>(*gesture.control), gesture.text);
     case Kind::type: {
@@ -139,6 +154,8 @@ windows::Action actionOf(const Gesture& gesture) {
         return windows::press(*button);
     if (auto* item = dynamic_cast<windows::MenuItem*>(gesture.control))
         return windows::press(*item);
+    if (auto* box = dynamic_cast<windows::CheckBox*>(gesture.control))
+        return windows::press(*box);
     return windows::press(dynamic_cast<windows::Label&>(*gesture.control));
 }
 

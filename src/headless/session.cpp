@@ -1,6 +1,7 @@
 // What the user does goes straight to the controls.
 #include "headless/session.h"
 
+#include <fstream>
 #include <utility>
 
 #include "headless/gesture.h"
@@ -68,6 +69,16 @@ std::vector<std::string> SessionToolkit::askForFiles(const windows::FileDialog& 
     if (auto file = askForFile(dialog))
         return {std::move(*file)};
     return {};
+}
+
+std::string SessionToolkit::saveText(const windows::FileDialog& dialog, const std::string& /*name*/,
+                                     const std::string& text) {
+    const auto path = askForFile(dialog);
+    if (!path)
+        return {};
+    std::ofstream file(*path, std::ios::binary);
+    file << text;
+    return file.flush() ? "" : "The file cannot be written.";
 }
 
 void SessionToolkit::setClipboard(const std::string& text) {

@@ -45,6 +45,8 @@ Event stateOf(const windows::Control& control) {
     addRows(state, control);
     if (const auto* item = dynamic_cast<const windows::MenuItem*>(&control))
         state["checked"] = item->checked();
+    if (const auto* box = dynamic_cast<const windows::CheckBox*>(&control))
+        state["checked"] = box->checked();
     return state;
 }
 

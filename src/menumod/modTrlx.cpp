@@ -114,7 +114,7 @@ bool modTrlx::foldersAreFree() {
     for (const std::string folder : {"guis", "anims", "download"}) {
         if (!game_.DoesFolderExist(game_.at(folder)))
             continue;
-        game_.questions().tell(
+        game_.questions().warn(
             "One of the conversions you have enabled includes a \"" + folder +
             "\" folder.\r\n\r\nThe Trellis requires that this folder NOT EXIST in order to "
             "work, and therefore is NOT being activated.");

@@ -21,8 +21,8 @@ bool isExpressible(std::string_view name) {
 
 EntryFacts factsOfEntry(const RawEntry& entry) {
     if (entry.kind == RawKind::folder)
-        return {EntryKind::folder, 0, entry.changed};
-    return {EntryKind::file, entry.size, entry.changed};
+        return {EntryKind::folder, 0, entry.changed, entry.modified};
+    return {EntryKind::file, entry.size, entry.changed, entry.modified};
 }
 
 } // namespace

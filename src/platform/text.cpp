@@ -191,6 +191,15 @@ std::string shownList(const std::vector<std::string>& names) {
     return text;
 }
 
+std::string withSeparators(std::uint64_t number) {
+    auto text = std::to_string(number);
+    for (auto at = text.size(); at > 3;) {
+        at -= 3;
+        text.insert(at, ",");
+    }
+    return text;
+}
+
 std::string inOneLine(std::string_view text) {
     return replaceAll(replaceAll(text, "\r\n\r\n", " "), lineBreak, " ");
 }

@@ -213,7 +213,7 @@ bool MemberImport::mayWrite(const std::string& path) {
                               &replacements_) == 1;
     default:
         ++result_.failed;
-        questions_.tell(couldNotBeCopied(path, "A directory of that name is there."), &failures_);
+        questions_.warn(couldNotBeCopied(path, "A directory of that name is there."), &failures_);
         return false;
     }
 }
@@ -247,7 +247,7 @@ void MemberImport::advance(std::uint64_t bytes) {
 void MemberImport::tellOfFailure(const std::string& file, const std::string& reason) {
     ++result_.leftOut;
     ++result_.failed;
-    questions_.tell(couldNotBeCopied(file, reason), &failures_);
+    questions_.warn(couldNotBeCopied(file, reason), &failures_);
 }
 
 } // namespace releases

@@ -113,6 +113,42 @@ std::optional<std::string> Store::readText(const std::string& path) const {
     return text;
 }
 
+std::optional<std::string> Store::looseFileOf(ReleaseType type,
+                                              std::string_view displayName) const {
+    if (!infoOf(type).hasLooseFolder || game_.DoesFolderExist(folderOf(type, displayName)))
+        return std::nullopt;
+    const auto file = looseFolderOf(type) + "\\" + folderForm(displayName);
+    return game_.DoesFileExist(file) ? std::optional(file) : std::nullopt;
+}
+
+std::string Store::shownFolderOf(ReleaseType type, std::string_view displayName) const {
+    return looseFileOf(type, displayName) ? looseFolderOf(type) : folderOf(type, displayName);
+}
+
+std::optional<std::string> Store::placeOfText(ReleaseType type, std::string_view displayName,
+                                              Text text) const {
+    const auto loose = looseFileOf(type, displayName);
+    if (!loose)
+        return folderOf(type, displayName) + (text == Text::about ? "\\info.txt" : "\\ccodes.txt");
+    const auto dot = loose->rfind('.');
+    // A file without one has no text beside it.
+    if (text == Text::codes || dot == std::string::npos || dot < loose->rfind('\\'))
+        return std::nullopt;
+    return loose->substr(0, dot) + ".txt";
+}
+
+Tally Store::tallyOf(ReleaseType type, std::string_view displayName) const {
+    const auto loose = looseFileOf(type, displayName);
+    return {game_.disk(), {loose ? *loose : folderOf(type, displayName)}};
+}
+
+std::int64_t Store::dateOf(ReleaseType type, std::string_view displayName) const {
+    constexpr int shortLook = 24;
+    auto tally = tallyOf(type, displayName);
+    tally.step(shortLook);
+    return tally.newest();
+}
+
 std::string Store::rename(ReleaseType type, std::string_view oldName,
                           std::string_view newName) const {
     const auto newFolder = folderForm(newName);

@@ -95,7 +95,7 @@ bool TamImport::carryOut(const formats::TamStep& step) {
 bool TamImport::makeReleaseFolder(const std::string& name) {
     releaseFolder_ = std::string(dataTree) + "\\" + shortType_ + "-" + folderForm(name);
     if (game_.DoesFolderExist(game_.at(releaseFolder_))) {
-        game_.questions().tell("Error: A " + shortType_ + " with this name already exists.");
+        game_.questions().warn("Error: A " + shortType_ + " with this name already exists.");
         return false;
     }
     game_.disk().makeFolder(game_.at(releaseFolder_));

@@ -1,10 +1,12 @@
 // The widget of each kind of control.
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QTimer>
 
 #include "cut_text_tip.h"
+#include "elided.h"
 #include "mark_list_view.h"
 #include "tab_badges.h"
 #include "text_follower.h"
@@ -18,10 +20,30 @@ windows::Action chooseTab(windows::TabStrip& control, int tab) {
     return windows::choose(control, control.captions()[static_cast<std::size_t>(tab)]);
 }
 
+/// With the mark of an access key before the first such letter, if there is one.
+QString underlined(QString caption, QChar letter) {
+    const auto at = letter.isNull() ? -1 : caption.indexOf(letter, 0, Qt::CaseInsensitive);
+    return at < 0 ? caption : caption.insert(at, '&');
+}
+
+/// Some menu items have keys that mean something else in a text.
+class KeepsTextKeys final : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::ShortcutOverride ||
+            !static_cast<QKeyEvent*>(event)->matches(QKeySequence::SelectAll))
+            return false;
+        event->accept();
+        return true;
+    }
+};
+
 } // namespace
 
 QLabel* WindowView::label(windows::Label& control, bool heading) {
-    auto* widget = new QLabel(this);
+    auto* widget = heading ? new ElidedLabel(this) : new QLabel(this);
     widget->setTextFormat(Qt::PlainText);
     widget->setProperty("heading", heading);
     // A long release name must not set the width of the window.
@@ -43,16 +65,37 @@ QPushButton* WindowView::link(windows::Label& control) {
     return widget;
 }
 
-QPushButton* WindowView::button(windows::Button& control) {
-    auto* widget = new QPushButton(this);
+QPushButton* WindowView::button(windows::Button& control, QChar letter) {
+    return bindButton(control, new QPushButton(this), letter);
+}
+
+QPushButton* WindowView::elidedButton(windows::Button& control, QChar letter) {
+    return bindButton(control, new ElidedButton(this), letter);
+}
+
+QPushButton* WindowView::bindButton(windows::Button& control, QPushButton* widget, QChar letter) {
     widget->setAutoDefault(false);
     tipWhereCut(widget);
-    bind(control, widget, [&control, widget] {
-        widget->setText(shown(control.text()).replace("&", "&&"));
+    bind(control, widget, [&control, widget, letter] {
+        widget->setText(underlined(shown(control.text()).replace("&", "&&"), letter));
         widget->setAccessibleName(shown(control.text()).replace("\n", " "));
     });
     connect(widget, &QPushButton::clicked, this,
             [this, &control] { post(windows::press(control)); });
+    return widget;
+}
+
+QCheckBox* WindowView::checkBox(windows::CheckBox& control) {
+    auto* widget = new QCheckBox(this);
+    bind(control, widget, [&control, widget] {
+        widget->setText(shown(control.text()));
+        widget->setChecked(control.checked());
+    });
+    connect(widget, &QCheckBox::clicked, this, [this, &control, widget] {
+        // The logic turns the check over, not the click.
+        widget->setChecked(control.checked());
+        post(windows::press(control));
+    });
     return widget;
 }
 
@@ -61,7 +104,9 @@ QLineEdit* WindowView::lineEdit(windows::TextBox& control) {
     widget->setReadOnly(control.readOnly());
     tipWhereCut(widget);
     bind(control, widget, [&control, widget] {
-        if (const auto text = shown(control.text()); widget->text() != text) {
+        const bool isHint = !control.hint.empty() && control.text() == control.hint;
+        widget->setPlaceholderText(shown(control.hint));
+        if (const auto text = isHint ? QString() : shown(control.text()); widget->text() != text) {
             widget->setText(text);
             widget->setCursorPosition(0);
         }
@@ -78,6 +123,7 @@ QPlainTextEdit* WindowView::textEdit(windows::TextBox& control) {
     widget->setReadOnly(control.readOnly());
     widget->setTabChangesFocus(true);
     widget->setUndoRedoEnabled(!control.readOnly());
+    widget->installEventFilter(new KeepsTextKeys(widget));
     if (control.readOnly())
         widget->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     connect(widget, &QPlainTextEdit::textChanged, this, [&control, widget] {
@@ -123,10 +169,17 @@ QTabBar* WindowView::tabBar(windows::TabStrip& control) {
 }
 
 MarkListView* WindowView::markList(windows::MarkList& control) {
-    const auto click = [this, &control](const std::string& text, unsigned revision) {
-        post(windows::click(control, text, revision));
-    };
-    auto* widget = new MarkListView(control, click, this);
+    const MarkListView::Gestures gestures = {
+        [this, &control](const std::string& text, unsigned revision) {
+            post(windows::click(control, text, revision));
+        },
+        [this, &control](const std::string& text, unsigned revision) {
+            post(windows::read(control, text, revision));
+        },
+        [this, &control](std::vector<std::string> texts, bool marked, unsigned revision) {
+            post(windows::markAll(control, std::move(texts), marked, revision));
+        }};
+    auto* widget = new MarkListView(control, gestures, this);
     bind(control, widget, [widget] { widget->follow(); });
     return widget;
 }
@@ -161,8 +214,13 @@ QListWidget* WindowView::listBox(windows::ListBox& control) {
 QProgressBar* WindowView::progressBar(windows::ProgressBar& control) {
     auto* widget = new QProgressBar(this);
     widget->setRange(0, windows::ProgressBar::whole);
-    widget->setAccessibleName("Copying");
-    bind(control, widget, [&control, widget] { widget->setValue(control.done()); });
+    bind(control, widget, [&control, widget] {
+        widget->setValue(control.done());
+        const auto text = shown(control.text());
+        widget->setFormat(text.isEmpty() ? "%p%" : text);
+        widget->setAccessibleName("Progress");
+        widget->setAccessibleDescription(widget->text());
+    });
     return widget;
 }
 

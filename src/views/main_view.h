@@ -4,8 +4,11 @@
 #include "views/window_view.h"
 #include "windows/frmMain.h"
 
+class QAction;
 class QLayout;
+class QMenu;
 class QMenuBar;
+class QSplitter;
 
 namespace views {
 
@@ -14,6 +17,16 @@ class MainView final : public WindowView {
 
   public:
     MainView(windows::frmMain& main, QtToolkit& toolkit);
+    ~MainView() override;
+
+    bool isFilled() const override { return isFilled_; }
+    void takeOldPlace() override;
+
+  protected:
+    void showRest(bool rests) override;
+    /// A launch is the launch button, its key, or the menu.
+    void pressDefaultButton() override {}
+    QString dropText() const override { return "Drop files, folders or archives to add a release"; }
 
   private:
     QMenuBar* menuBar();
@@ -21,9 +34,15 @@ class MainView final : public WindowView {
     QLineEdit* filterOf(MarkListView* list);
     QWidget* infoSide();
     QWidget* setupFrame();
+    QLayout* undoBar();
+    QMenu* listMenu(MarkListView* list);
+    QAction* commandOf(QMenu* menu, const QString& caption, windows::Control& control);
     void setTabOrderOf(const std::vector<windows::Control*>& controls);
 
     windows::frmMain& main_;
+    QWidget* content_;
+    QSplitter* sides_;
+    bool isFilled_ = false;
 };
 
 } // namespace views

@@ -58,7 +58,7 @@ class RowAccess final : public QAccessibleInterface, public QAccessibleActionInt
         if (action == toggleAction())
             list_->toggle(row_);
         else if (action == setFocusAction())
-            list_->setCurrentIndex(index());
+            list_->moveTo(row_);
     }
     QStringList keyBindingsForAction(const QString& action) const override {
         return action == toggleAction() ? QStringList("Space") : QStringList();

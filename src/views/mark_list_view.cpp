@@ -8,15 +8,15 @@
 #include <QToolTip>
 
 #include "mark_list_access.h"
+#include "mark_list_rows.h"
 
 namespace views {
 
-MarkListView::MarkListView(const windows::MarkList& list, Click click, QWidget* parent)
-    : QListView(parent), items_(new MarkListModel(list, this)),
-      rows_(new QSortFilterProxyModel(this)), list_(list), click_(std::move(click)) {
+MarkListView::MarkListView(const windows::MarkList& list, Gestures gestures, QWidget* parent)
+    : QListView(parent), items_(new MarkListModel(list, this)), rows_(new MarkListRows(list, this)),
+      list_(list), gestures_(std::move(gestures)) {
     makeMarkListsAccessible();
     rows_->setSourceModel(items_);
-    rows_->setFilterCaseSensitivity(Qt::CaseInsensitive);
     setModel(rows_);
     setUniformItemSizes(true);
     setTextElideMode(Qt::ElideRight);
@@ -33,7 +33,16 @@ MarkListView::MarkListView(const windows::MarkList& list, Click click, QWidget* 
 }
 
 void MarkListView::setFilter(const QString& text) {
-    rows_->setFilterFixedString(text);
+    rows_->setFilter(text);
+}
+
+void MarkListView::setSearchesAbout(bool searches) {
+    rows_->setSearchesAbout(searches);
+}
+
+void MarkListView::setOrder(Order order) {
+    rows_->setOrder(order);
+    scrollTo(currentIndex());
 }
 
 void MarkListView::setPlaceholders(const QString& noItems, const QString& noMatch) {
@@ -43,6 +52,8 @@ void MarkListView::setPlaceholders(const QString& noItems, const QString& noMatc
 }
 
 void MarkListView::follow() {
+    if (list_.revision() != items_->revision())
+        rows_->forget();
     if (!items_->follow())
         return;
     wasFilled_ = true;
@@ -55,17 +66,59 @@ bool MarkListView::isMarked(int row) const {
     return rows_->index(row, 0).data(Qt::CheckStateRole) == Qt::Checked;
 }
 
-void MarkListView::toggle(int row) {
-    // Where the list was filled anew since these rows were shown, the revision tells.
-    if (const auto index = rows_->index(row, 0); index.isValid())
-        click_(list_.itemText(rows_->mapToSource(index).row()), items_->revision());
+const std::string& MarkListView::textOf(int row) const {
+    return list_.itemText(rows_->mapToSource(rows_->index(row, 0)).row());
 }
 
+// Where the list was filled anew since these rows were shown, the revision tells.
+
+void MarkListView::toggle(int row) {
+    if (rows_->index(row, 0).isValid())
+        gestures_.click(textOf(row), items_->revision());
+}
+
+void MarkListView::read(int row) {
+    if (rows_->index(row, 0).isValid())
+        gestures_.read(textOf(row), items_->revision());
+}
+
+void MarkListView::moveTo(int row) {
+    setCurrentIndex(rows_->index(row, 0));
+    read(row);
+}
+
+void MarkListView::markShown(bool marked) {
+    std::vector<std::string> texts;
+    for (int row = 0; row < rows_->rowCount(); ++row)
+        texts.push_back(textOf(row));
+    gestures_.markAll(std::move(texts), marked, items_->revision());
+}
+
+void MarkListView::markAll(bool marked) {
+    std::vector<std::string> texts;
+    for (const auto& item : list_.items())
+        texts.push_back(item.text);
+    gestures_.markAll(std::move(texts), marked, items_->revision());
+}
+
+/// Space and Enter tick; every key that leads to another row looks at it.
 void MarkListView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Space && currentIndex().isValid())
-        toggle(currentIndex().row());
-    else
-        QListView::keyPressEvent(event);
+    const bool ticks = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
+                       event->key() == Qt::Key_Enter;
+    if (ticks && currentIndex().isValid())
+        return toggle(currentIndex().row());
+    const auto before = currentIndex();
+    QListView::keyPressEvent(event);
+    if (currentIndex().isValid() && currentIndex() != before)
+        read(currentIndex().row());
+}
+
+/// The left button ticks when it is let go.
+void MarkListView::mousePressEvent(QMouseEvent* event) {
+    QListView::mousePressEvent(event);
+    if (const auto index = indexAt(event->pos());
+        event->button() == Qt::RightButton && index.isValid())
+        moveTo(index.row());
 }
 
 /// A row's tooltip shows where its text is cut, and only there.

@@ -1,28 +1,40 @@
-// The list of the catalogue on the screen: a filter that hides rows, Space as a click, a word where
-// there is nothing to show.
+// The list of the catalogue on the screen: a filter that hides rows, an order to look at them in,
+// keys that look at releases and keys that tick them, a word where there is nothing to show.
 #pragma once
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include <QListView>
-#include <QSortFilterProxyModel>
 
 #include "mark_list_model.h"
 
 namespace views {
 
+class MarkListRows;
+
 class MarkListView final : public QListView {
     Q_OBJECT
 
   public:
-    /// Told the item that the user has clicked, and the revision of the list that he saw.
-    using Click = std::function<void(const std::string& text, unsigned revision)>;
+    /// Each is told the item, or all of them, and the revision of the list that the user saw.
+    struct Gestures {
+        using OfItem = std::function<void(const std::string& text, unsigned revision)>;
+        OfItem click;
+        OfItem read;
+        std::function<void(std::vector<std::string> texts, bool marked, unsigned revision)> markAll;
+    };
 
-    MarkListView(const windows::MarkList& list, Click click, QWidget* parent);
+    MarkListView(const windows::MarkList& list, Gestures gestures, QWidget* parent);
 
     /// Shows the items whose text holds this one, case ignored; all of them for an empty text.
     void setFilter(const QString& text);
+    /// Looks for it in the longer texts about the items too.
+    void setSearchesAbout(bool searches);
+    enum class Order { asListed, byName, tickedFirst, newestFirst };
+    /// Rows come in that order until they are filled anew; a tick moves none.
+    void setOrder(Order order);
     /// What stands in a list without items, and in one without a match.
     void setPlaceholders(const QString& noItems, const QString& noMatch);
 
@@ -34,17 +46,27 @@ class MarkListView final : public QListView {
     bool isMarked(int row) const;
     /// What a click on a row does.
     void toggle(int row);
+    /// Makes a row the current one and looks at it.
+    void moveTo(int row);
+    /// Ticks or clears all rows that are shown.
+    void markShown(bool marked);
+    /// The same for all items, shown or not.
+    void markAll(bool marked);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    const std::string& textOf(int row) const;
+    void read(int row);
+
     MarkListModel* items_;
-    QSortFilterProxyModel* rows_;
+    MarkListRows* rows_;
     const windows::MarkList& list_;
-    Click click_;
+    Gestures gestures_;
     bool wasFilled_ = false;
     QString noItems_;
     QString noMatch_;

@@ -4,9 +4,13 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QSaveFile>
+#include <QScreen>
+#include <QSettings>
 #include <QWindow>
 
 #include "platform/failure.h"
@@ -27,6 +31,19 @@ QString nameFilters(const std::string& filter) {
         filters << caption + " (" + QString(parts[i + 1]).replace("*.*", "*") + ")";
     }
     return filters.join(";;");
+}
+
+/// To go without an answer is to say No, or what stands last.
+std::size_t answerOfEscape(const std::vector<std::string>& buttons) {
+    const auto no = std::find(buttons.begin(), buttons.end(), "No");
+    return no == buttons.end() ? buttons.size() - 1
+                               : static_cast<std::size_t>(no - buttons.begin());
+}
+
+QMessageBox::Icon iconOf(const windows::MessageBox& box) {
+    if (box.buttons.size() > 1)
+        return QMessageBox::Question;
+    return box.warns || !box.detail.empty() ? QMessageBox::Warning : QMessageBox::NoIcon;
 }
 
 } // namespace
@@ -68,8 +85,29 @@ void QtToolkit::open(windows::Window& window, Qt::WindowModality modality) {
     input_.opened(window, modality != Qt::NonModal);
     refresher_.flush(Pace::pausing);
     view->setWindowModality(modality);
+    if (view == mainView_ && !view->testAttribute(Qt::WA_WState_Created))
+        view->takeOldPlace();
     putOverOwner(*view);
+    keepOnScreen(*view);
     view->show();
+}
+
+/// No window is larger than what the screen has free, or reaches out of it.
+void QtToolkit::keepOnScreen(WindowView& view) {
+    constexpr QSize frame(8, 40); ///< about what a window manager adds
+    const auto room = view.screen()->availableGeometry();
+    const auto most = (room.size() - frame).expandedTo(view.minimumSize());
+    view.resize(view.size().boundedTo(most));
+    if (view.pos().isNull())
+        return;
+    view.move(std::clamp(view.x(), room.left(), std::max(room.left(), room.right() - view.width())),
+              std::clamp(view.y(), room.top(),
+                         std::max(room.top(), room.bottom() - view.height() - frame.height())));
+}
+
+void QtToolkit::rememberIn(const std::string& file) {
+    memory_ = std::make_unique<QSettings>(shown(file), QSettings::IniFormat);
+    lastFolder_ = memory_->value("dialogs/folder").toString();
 }
 
 void QtToolkit::show(windows::Window& window) {
@@ -90,7 +128,10 @@ void QtToolkit::putOverOwner(WindowView& view) {
     // Qt would tell the window manager of a base size of -1, which one of them takes for 65535.
     view.winId();
     view.windowHandle()->setBaseSize(QSize(0, 0));
-    view.move(owner->geometry().center() - view.rect().center());
+    // Over a window that is empty yet it would look lost.
+    const auto below =
+        mainView_->isFilled() ? owner->geometry() : view.screen()->availableGeometry();
+    view.move(below.center() - view.rect().center());
 }
 
 void QtToolkit::closeMain() {
@@ -128,11 +169,10 @@ windows::MessageAnswer QtToolkit::showMessage(const windows::MessageBox& box) {
     dialog.setTextInteractionFlags(Qt::TextSelectableByMouse);
     std::vector<QPushButton*> buttons;
     for (const auto& caption : box.buttons)
-        // The role keeps Escape from choosing an answer that the user did not give.
         buttons.push_back(dialog.addButton("&" + shown(caption), QMessageBox::ActionRole));
     dialog.setDefaultButton(buttons[box.defaultButton]);
-    if (buttons.size() == 1)
-        dialog.setEscapeButton(buttons.front());
+    dialog.setEscapeButton(buttons[answerOfEscape(box.buttons)]);
+    dialog.setIcon(iconOf(box));
     QCheckBox same("Do the same for the rest");
     if (box.offersSameForRest)
         dialog.setCheckBox(&same);
@@ -154,27 +194,62 @@ std::optional<std::string> QtToolkit::askForText(const windows::InputBox& box) {
     return accepted ? std::optional(entered(text)) : std::nullopt;
 }
 
+/// A dialog begins where it is told to, or else where the last one ended.
+QString QtToolkit::folderFor(const windows::FileDialog& dialog) const {
+    return dialog.folder.empty() ? lastFolder_ : shown(dialog.folder);
+}
+
+void QtToolkit::noteFolder(const QString& folder) {
+    lastFolder_ = folder;
+    if (memory_ != nullptr)
+        memory_->setValue("dialogs/folder", folder);
+}
+
 std::optional<std::string> QtToolkit::askForFile(const windows::FileDialog& dialog) {
     refresher_.flush(Pace::pausing);
-    const auto path = QFileDialog::getOpenFileName(
-        boxParent(), shown(dialog.title), shown(dialog.folder), nameFilters(dialog.filter));
-    return path.isEmpty() ? std::nullopt : std::optional(nativePath(path));
+    const auto path = QFileDialog::getOpenFileName(boxParent(), shown(dialog.title),
+                                                   folderFor(dialog), nameFilters(dialog.filter));
+    if (path.isEmpty())
+        return std::nullopt;
+    noteFolder(QFileInfo(path).path());
+    return nativePath(path);
 }
 
 std::vector<std::string> QtToolkit::askForFiles(const windows::FileDialog& dialog) {
     refresher_.flush(Pace::pausing);
     std::vector<std::string> files;
     for (const auto& path : QFileDialog::getOpenFileNames(
-             boxParent(), shown(dialog.title), shown(dialog.folder), nameFilters(dialog.filter)))
+             boxParent(), shown(dialog.title), folderFor(dialog), nameFilters(dialog.filter))) {
+        noteFolder(QFileInfo(path).path());
         files.push_back(nativePath(path));
+    }
     return files;
 }
 
 std::optional<std::string> QtToolkit::askForFolder(const windows::FileDialog& dialog) {
     refresher_.flush(Pace::pausing);
     const auto path =
-        QFileDialog::getExistingDirectory(boxParent(), shown(dialog.title), shown(dialog.folder));
-    return path.isEmpty() ? std::nullopt : std::optional(nativePath(path));
+        QFileDialog::getExistingDirectory(boxParent(), shown(dialog.title), folderFor(dialog));
+    if (path.isEmpty())
+        return std::nullopt;
+    noteFolder(QFileInfo(path).path());
+    return nativePath(path);
+}
+
+std::string QtToolkit::saveText(const windows::FileDialog& dialog, const std::string& name,
+                                const std::string& text) {
+    refresher_.flush(Pace::pausing);
+    const auto path = QFileDialog::getSaveFileName(boxParent(), shown(dialog.title),
+                                                   QDir(folderFor(dialog)).filePath(shown(name)),
+                                                   nameFilters(dialog.filter));
+    if (path.isEmpty())
+        return {};
+    noteFolder(QFileInfo(path).path());
+    QSaveFile file(path);
+    const auto bytes = QByteArray::fromStdString(text);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return {};
+    return nativePath(path) + ": " + file.errorString().toStdString();
 }
 
 void QtToolkit::setClipboard(const std::string& text) {

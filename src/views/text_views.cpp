@@ -3,6 +3,7 @@
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
+#include <QProgressBar>
 #include <QVBoxLayout>
 
 namespace views {
@@ -16,14 +17,31 @@ class ShowReadmeView final : public WindowView {
         column->setContentsMargins(8, 8, 8, 8);
         column->setSpacing(8);
         column->addWidget(label(window.lblWhat, true));
+        auto* conflicts = tight();
+        conflicts->addWidget(label(window.lblConflicts, true), 1);
+        conflicts->addWidget(checkBox(window.chkConflicts));
+        column->addLayout(conflicts);
         auto* text = textEdit(window.txtReadme);
         text->setAccessibleName("Text");
         column->addWidget(text, 1);
+        auto* foot = tight();
+        foot->addWidget(progressBar(window.barDone), 1);
+        foot->addStretch();
+        foot->addWidget(button(window.cmdCopy));
+        foot->addWidget(button(window.cmdSave));
         auto* done = button(window.cmdDone);
         done->setDefault(true);
-        column->addWidget(done, 0, Qt::AlignRight);
+        foot->addWidget(done);
+        column->addLayout(foot);
         setMinimumSize(320, 200);
         resize(680, 440);
+    }
+
+  private:
+    static QHBoxLayout* tight() {
+        auto* row = new QHBoxLayout();
+        row->setContentsMargins(0, 0, 0, 0);
+        return row;
     }
 };
 

@@ -7,7 +7,9 @@
 #include <QKeyEvent>
 #include <QMimeData>
 
+#include "drop_hint.h"
 #include "views/qt_toolkit.h"
+#include "window_access.h"
 
 namespace views {
 namespace {
@@ -35,6 +37,7 @@ class LeaveFilter final : public QObject {
 
 WindowView::WindowView(windows::Window& window, QtToolkit& toolkit)
     : window_(window), toolkit_(toolkit) {
+    makeWindowsAccessible();
     setObjectName(QString::fromStdString(window.name()));
     setAcceptDrops(static_cast<bool>(window.onDrop));
     addBinding(window, [this] {
@@ -61,7 +64,7 @@ bool WindowView::takesInput(const windows::Control& control) const {
     const auto* button = dynamic_cast<const windows::Button*>(&control);
     const bool mayHoldWish = dynamic_cast<const windows::Frame*>(&control) != nullptr;
     const bool hasWish = button != nullptr && button->wish != nullptr;
-    return control.enabled() && (!rests_ || hasWish || mayHoldWish);
+    return control.enabled() && !control.idle() && (!rests_ || hasWish || mayHoldWish);
 }
 
 void WindowView::addBinding(windows::Element& element, std::function<void()> refresh) {
@@ -74,7 +77,7 @@ void WindowView::bind(windows::Control& control, QWidget* widget, std::function<
     addBinding(control, [this, &control, widget, showText = std::move(showText)] {
         showText();
         widget->setEnabled(takesInput(control));
-        widget->setVisible(control.visible());
+        widget->setVisible(shows(control));
     });
 }
 
@@ -87,7 +90,7 @@ void WindowView::keyPressEvent(QKeyEvent* event) {
     else if (isEnter && window_.defaultButton != nullptr)
         pressDefaultButton();
     else if (event->key() == Qt::Key_Escape && parentWidget() != nullptr && window_.onClose)
-        post(windows::close(window_));
+        post(windows::escape(window_));
     else
         QWidget::keyPressEvent(event);
 }
@@ -110,9 +113,21 @@ void WindowView::watchLeaving(windows::TextBox& control, QWidget* widget) {
 void WindowView::dragEnterEvent(QDragEnterEvent* event) {
     if (event->mimeData()->hasUrls() && toolkit_.takesInput(window_))
         event->acceptProposedAction();
+    if (!event->isAccepted())
+        return;
+    if (dropHint_ == nullptr)
+        dropHint_ = new DropHint(dropText(), this);
+    dropHint_->appear();
+}
+
+void WindowView::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
+    if (dropHint_ != nullptr)
+        dropHint_->hide();
 }
 
 void WindowView::dropEvent(QDropEvent* event) {
+    if (dropHint_ != nullptr)
+        dropHint_->hide();
     std::vector<std::string> paths;
     for (const auto& url : event->mimeData()->urls())
         if (url.isLocalFile())

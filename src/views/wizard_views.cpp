@@ -1,5 +1,9 @@
-// Steps stand one above the other; each is a group with its buttons along its foot.
+// One step stands in the window at a time, below a line for each that is done; the buttons of all
+// steps stand in one row, which shows those of the step at hand.
 #include "wizard_views.h"
+
+#include <algorithm>
+#include <map>
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -7,55 +11,89 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QProgressBar>
-#include <QScreen>
+#include <QStackedLayout>
 #include <QTimer>
 #include <QVBoxLayout>
 
 namespace views {
 namespace {
 
-constexpr int gap = 8;
+constexpr int gap = 10;
 constexpr int smallGap = 6;
-constexpr int wizardWidth = 640;
-/// All three steps are to have room on a small screen.
-constexpr int aboutHeight = 76;
-constexpr int barWidth = 140;
+constexpr QSize wizardSize(660, 400);
+constexpr int barWidth = 180;
 
 class WizardView : public WindowView {
   public:
     WizardView(windows::Window& window, QtToolkit& toolkit) : WindowView(window, toolkit) {
-        resize(wizardWidth, 0);
+        const windows::Control* frame = nullptr;
+        for (const auto* control : window.controls()) {
+            if (dynamic_cast<const windows::Frame*>(control) != nullptr)
+                frame = control;
+            frames_[control] = frame;
+        }
+        whole_->setContentsMargins(gap, gap, gap, gap);
+        whole_->setSpacing(smallGap);
     }
 
   protected:
+    /// The controls of a step that is done are as good as gone.
+    bool shows(const windows::Control& control) const override {
+        const auto* frame = frames_.at(&control);
+        return control.visible() && (frame == nullptr || frame->enabled());
+    }
+
+    /// The lines for the steps that are done, and the room for the one at hand.
+    void begin(std::initializer_list<windows::Label*> done) {
+        for (auto* line : done) {
+            auto* text = label(*line, true);
+            text->setProperty("quiet", true);
+            whole_->addWidget(text);
+        }
+        whole_->addLayout(steps_, 1);
+    }
+
     /// Takes widgets and rows for one step, from top to bottom.
     QVBoxLayout* step(windows::Frame& frame) {
         auto* box = new QGroupBox(this);
+        steps_->addWidget(box);
         bind(frame, box, [this, &frame, box] {
             box->setTitle(shown(frame.text()));
-            // The other controls of the step follow in this same round of changes.
-            if (box->isVisibleTo(this) != frame.visible())
-                QTimer::singleShot(0, this, [this] { fitHeight(); });
+            if (!frame.enabled() || (steps_->currentWidget() == box && wasShown_))
+                return;
+            wasShown_ = true;
+            steps_->setCurrentWidget(box);
+            // The fields of the step follow in this same round of changes.
+            QTimer::singleShot(0, box, [this, box] { focusFirst(box); });
         });
-        whole()->addWidget(box);
         auto* column = new QVBoxLayout(box);
-        column->setContentsMargins(gap, 2, gap, 2);
+        column->setContentsMargins(gap, smallGap, gap, smallGap);
         column->setSpacing(smallGap);
         return column;
+    }
+
+    /// What has the focus when the step begins: the first of them that can.
+    void first(std::initializer_list<QWidget*> fields) {
+        first_[steps_->widget(steps_->count() - 1)] = fields;
     }
 
     /// Rows of a label and a field beside it.
     QFormLayout* form(QVBoxLayout* column) {
         auto* rows = new QFormLayout();
         rows->setSpacing(smallGap);
-        rows->setLabelAlignment(Qt::AlignLeft);
-        column->addLayout(rows);
+        rows->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        column->addLayout(rows, 1);
         return rows;
     }
     template <typename Field>
     Field* field(QFormLayout* rows, windows::Label& name, Field* widget) {
+        auto* caption = label(name);
+        caption->setBuddy(widget);
+        const bool isHigh = qobject_cast<QPlainTextEdit*>(widget) != nullptr;
+        if (!isHigh)
+            caption->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
         widget->setAccessibleName(shown(name.text()));
-        rows->addRow(label(name), widget);
+        rows->addRow(caption, widget);
         return widget;
     }
 
@@ -70,70 +108,84 @@ class WizardView : public WindowView {
         return widget;
     }
 
-    /// Beside them there is room for news of the step.
-    QHBoxLayout* buttons(QVBoxLayout* column, windows::Button& back, windows::Button& next) {
+    struct Pair {
+        windows::Button& back;
+        windows::Button& next;
+    };
+    /// The one row of buttons, with news of the work on its left.
+    void foot(std::initializer_list<QWidget*> news, windows::Button& cancel,
+              std::initializer_list<Pair> steps) {
         auto* row = new QHBoxLayout();
-        auto* news = new QHBoxLayout();
-        news->addStretch();
-        row->addLayout(news, 1);
-        auto* backButton = button(back);
-        auto* nextButton = button(next);
-        nextButton->setDefault(true);
-        row->addWidget(backButton);
-        row->addWidget(nextButton);
-        column->addLayout(row);
-        // Forward is what is wanted more often.
-        setTabOrder(nextButton, backButton);
-        return news;
+        for (auto* widget : news)
+            row->addWidget(widget, 1);
+        row->addStretch();
+        auto* cancelButton = button(cancel);
+        row->addWidget(cancelButton);
+        for (const auto& [back, next] : steps) {
+            auto* backButton = button(back);
+            auto* nextButton = button(next);
+            nextButton->setDefault(true);
+            row->addWidget(backButton);
+            row->addWidget(nextButton);
+            // Forward is what is wanted more often.
+            setTabOrder(nextButton, backButton);
+            setTabOrder(backButton, cancelButton);
+        }
+        whole_->addLayout(row);
+        resize(wizardSize.expandedTo(sizeHint()));
+    }
+
+    void focusFirst(QWidget* box) {
+        for (auto* field : first_[box])
+            if (field->isEnabled() && field->isVisible()) {
+                field->setFocus(Qt::OtherFocusReason);
+                return;
+            }
     }
 
   private:
-    void fitHeight() {
-        resize(width(), sizeHint().height());
-        const int below = frameGeometry().bottom() - screen()->availableGeometry().bottom();
-        if (below > 0)
-            move(x(), std::max(screen()->availableGeometry().top(), y() - below));
-    }
-
-    QVBoxLayout* whole() {
-        if (layout() == nullptr)
-            (new QVBoxLayout(this))->setSpacing(gap);
-        return static_cast<QVBoxLayout*>(layout());
-    }
+    std::map<const windows::Control*, const windows::Control*> frames_;
+    std::map<QWidget*, std::vector<QWidget*>> first_;
+    QVBoxLayout* whole_ = new QVBoxLayout(this);
+    QStackedLayout* steps_ = new QStackedLayout();
+    bool wasShown_ = false;
 };
 
 class AddView final : public WizardView {
   public:
-    AddView(windows::frmAdd& window, QtToolkit& toolkit) : WizardView(window, toolkit) {
-        auto* first = step(window.fraS1);
-        auto* rows = form(first);
+    AddView(windows::frmAdd& window, QtToolkit& toolkit)
+        : WizardView(window, toolkit), wizard_(window) {
+        begin({&window.lbl1Done, &window.lbl2Done});
+        auto* rows = form(step(window.fraS1));
         auto* type = field(rows, window.lbl1Type, comboBox(window.cbo1Type));
         auto* name = field(rows, window.lbl1Name, lineEdit(window.txt1Name));
         auto* about = field(rows, window.lbl1About, textEdit(window.txt1About));
-        about->setFixedHeight(aboutHeight);
-        buttons(first, window.cmd1Prev, window.cmd1Next);
-        setTabOrder(type, name);
-        setTabOrder(name, about);
-        setTabOrder(about, findChild<QWidget*>("cmd1Next"));
+        first({name});
 
         auto* second = step(window.fraS2);
         auto* where = lineEdit(window.txt2Where);
         field(second, window.lbl2Where, where);
         findChild<QLabel*>("lbl2Where")->setWordWrap(true);
         auto* tools = new QHBoxLayout();
-        tools->addWidget(button(window.cmd2Files));
+        auto* files = button(window.cmd2Files);
+        tools->addWidget(files);
         tools->addWidget(button(window.cmd2Folder));
-        auto* drop = new QLabel("or drop files and .zip archives here", this);
-        tools->addWidget(drop, 1);
+        tools->addStretch();
         tools->addWidget(link(window.lbl2Copy));
         second->addLayout(tools);
-        auto* news = buttons(second, window.cmd2Prev, window.cmd2Next);
+        auto* drop = new QLabel("Files, folders and .zip archives can also be dropped here.", this);
+        drop->setProperty("quiet", true);
+        second->addWidget(drop);
+        second->addStretch();
+        auto* news = new QHBoxLayout();
         auto* copied = label(window.lbl2Files);
         copied->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         news->addWidget(copied, 1);
         auto* bar = progressBar(window.bar2Files);
         bar->setMaximumWidth(barWidth);
         news->addWidget(bar);
+        second->addLayout(news);
+        first({files});
 
         auto* third = step(window.fraS3);
         auto* readme = field(third, window.lbl3ReadMe, lineEdit(window.txt3ReadMe));
@@ -142,32 +194,59 @@ class AddView final : public WizardView {
         row->addWidget(readme, 1);
         row->addWidget(button(window.cmd3Browse));
         third->addLayout(row);
-        field(third, window.lbl3CCodes, lineEdit(window.txt3CCodes));
-        buttons(third, window.cmd3prev, window.cmd3next);
+        auto* codes = field(third, window.lbl3CCodes, lineEdit(window.txt3CCodes));
+        third->addStretch();
+        first({readme, codes});
+
+        foot({label(window.lblFiles, true)}, window.cmdCancel,
+             {{window.cmd1Prev, window.cmd1Next},
+              {window.cmd2Prev, window.cmd2Next},
+              {window.cmd3prev, window.cmd3next}});
+        setTabOrder(type, name);
+        setTabOrder(name, about);
+        setTabOrder(about, findChild<QWidget*>("cmd1Next"));
     }
+
+  protected:
+    QString dropText() const override {
+        return wizard_.fraS3.enabled() ? "Files can be dropped in steps 1 and 2"
+                                       : "Drop files to copy them into the release";
+    }
+
+  private:
+    windows::frmAdd& wizard_;
 };
 
 class TamView final : public WizardView {
   public:
     TamView(windows::frmTAM& window, QtToolkit& toolkit) : WizardView(window, toolkit) {
-        auto* first = step(window.fra1step);
-        auto* rows = form(first);
-        field(rows, window.lbl1TAMtype, comboBox(window.cbo1TAMtype));
+        begin({&window.lbl1Done, &window.lbl2Done});
+        auto* firstStep = step(window.fra1step);
+        auto* rows = form(firstStep);
+        auto* tam = field(rows, window.lbl1TAMtype, comboBox(window.cbo1TAMtype));
         field(rows, window.lbl1VXLtype, comboBox(window.cbo1VXLtype));
-        buttons(first, window.cmd1Prev, window.cmd1Next);
+        first({tam});
 
         auto* second = step(window.fra2step);
         auto* row = new QHBoxLayout();
         auto* location = lineEdit(window.txt2Loc);
         location->setAccessibleName("TAM Data File");
         row->addWidget(location, 1);
-        row->addWidget(button(window.cmd2Browse));
+        auto* browse = button(window.cmd2Browse);
+        row->addWidget(browse);
         second->addLayout(row);
-        buttons(second, window.cmd2Prev, window.cmd2Next);
+        second->addStretch();
+        first({browse});
 
         auto* third = step(window.fra3step);
-        field(third, window.lbl3info, listBox(window.lst3files));
-        buttons(third, window.cmd3prev, window.cmd3next);
+        auto* files = field(third, window.lbl3info, listBox(window.lst3files));
+        third->setStretchFactor(files, 1);
+
+        foot({}, window.cmdCancel,
+             {{window.cmd1Prev, window.cmd1Next},
+              {window.cmd2Prev, window.cmd2Next},
+              {window.cmd3prev, window.cmd3next}});
+        first({findChild<QWidget*>("cmd3next")});
     }
 };
 

@@ -14,7 +14,11 @@ void raise(Event event, const Arguments&... arguments) {
 
 template <typename Pressed>
 Action pressed(Pressed& control, Wish* wish) {
-    return {&control.window(), &control, wish, [&control] { raise(control.onClick); }, {}};
+    const auto press = [&control] {
+        if (!control.idle())
+            raise(control.onClick);
+    };
+    return {&control.window(), &control, wish, press, {}};
 }
 
 } // namespace
@@ -29,6 +33,10 @@ Action press(Label& link) {
 
 Action press(MenuItem& item) {
     return pressed(item, nullptr);
+}
+
+Action press(CheckBox& box) {
+    return {&box.window(), &box, nullptr, [&box] { box.click(); }, {}};
 }
 
 Action choose(TabStrip& tabs, std::string caption) {
@@ -48,12 +56,29 @@ Action click(MarkList& list, std::string text, unsigned revision) {
             [&list, revision] { return list.revision() == revision; }};
 }
 
+Action read(MarkList& list, std::string text, unsigned revision) {
+    return {&list.window(), &list, nullptr, [&list, text = std::move(text)] { list.read(text); },
+            [&list, revision] { return list.revision() == revision; }};
+}
+
+Action markAll(MarkList& list, std::vector<std::string> texts, bool marked, unsigned revision) {
+    return {&list.window(), &list, nullptr,
+            [&list, texts = std::move(texts), marked] { list.markAll(texts, marked); },
+            [&list, revision] { return list.revision() == revision; }};
+}
+
 Action leave(TextBox& box) {
     return {&box.window(), &box, nullptr, [&box] { raise(box.onLeave); }, {}};
 }
 
 Action close(Window& window) {
     return {&window, nullptr, window.closeWish, [&window] { raise(window.onClose); }, {}};
+}
+
+Action escape(Window& window) {
+    if (!window.onEscape)
+        return close(window);
+    return {&window, nullptr, window.closeWish, [&window] { raise(window.onEscape); }, {}};
 }
 
 Action drop(Window& window, std::vector<std::string> paths) {

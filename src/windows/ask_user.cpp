@@ -1,4 +1,4 @@
-// Boxes carry the program's title and no icon.
+// Boxes carry the program's title.
 #include "windows/ask_user.h"
 
 #include "platform/text.h"
@@ -15,9 +15,10 @@ std::size_t AskUser::ask(const platform::Question& question, platform::MessageRo
             toolkit_.logged(answered);
         return known;
     }
-    const auto answer = toolkit_.showMessage({question.text, applicationTitle, question.buttons,
-                                              row != nullptr && row->offersSameForRest(),
-                                              question.defaultButton, question.detail});
+    const auto answer =
+        toolkit_.showMessage({question.text, applicationTitle, question.buttons,
+                              row != nullptr && row->offersSameForRest(), question.defaultButton,
+                              question.detail, question.warns});
     if (row != nullptr) {
         row->noteShown();
         if (answer.sameForRest)

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/text.h"
+
 namespace windows {
 
 void Element::setText(std::string text) {
@@ -27,6 +29,11 @@ Control::Control(Window& owner, std::string name, std::string text)
     owner.controls_.push_back(this);
 }
 
+void Control::setIdle(bool idle) {
+    if (std::exchange(idle_, idle) != idle)
+        changed();
+}
+
 void TextBox::append(std::string_view text) {
     editText() += text;
     changed();
@@ -45,6 +52,22 @@ void TextBox::textReplaced() {
 void ProgressBar::setDone(int done) {
     if (std::exchange(done_, done) != done)
         changed();
+}
+
+void ProgressBar::setDone(std::size_t done, std::size_t all) {
+    setText(platform::withSeparators(done) + " of " + platform::withSeparators(all));
+    setDone(all == 0 ? whole : static_cast<int>(done * whole / all));
+}
+
+void CheckBox::setChecked(bool checked) {
+    if (std::exchange(checked_, checked) != checked)
+        changed();
+}
+
+void CheckBox::click() {
+    setChecked(!checked_);
+    if (onClick)
+        onClick();
 }
 
 MenuItem::MenuItem(Window& owner, const Menu& menu, std::string name, std::string caption,

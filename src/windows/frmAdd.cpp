@@ -1,11 +1,14 @@
 // Steps forward and back. What a step has made on the disk stays, whatever the user does next.
 #include "windows/frmAdd.h"
 
+#include <utility>
+
 #include "formats/codes.h"
 #include "formats/display_name.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "platform/write_batch.h"
+#include "releases/guess.h"
 #include "releases/member_import.h"
 #include "releases/release_types.h"
 #include "windows/frmMain.h"
@@ -22,6 +25,10 @@ std::string trimmedBlanks(const std::string& text) {
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string countText(int count, const std::string& thing) {
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
 std::vector<std::string> typeNames() {
     std::vector<std::string> names(releases::releaseTypes().size());
     for (const auto& type : releases::releaseTypes())
@@ -31,7 +38,7 @@ std::vector<std::string> typeNames() {
 
 } // namespace
 
-frmAdd::frmAdd(frmMain& main, std::string shortType)
+frmAdd::frmAdd(frmMain& main, std::string shortType, const std::vector<std::string>& files)
     : Window("frmAdd", "Add A " + shortType), cbo1Type(*this, "cbo1Type", typeNames()), main_(main),
       toolkit_(main.machine().toolkit), disk_(main.machine().disk), steps_(*this),
       shortType_(std::move(shortType)) {
@@ -52,13 +59,59 @@ frmAdd::frmAdd(frmMain& main, std::string shortType)
     cmd3prev.onClick = [this] { GotoStep(2); };
     cmd3next.onClick = [this] { cmd3next_Click(); };
     onClose = [this] { closeWindow(); };
+    onEscape = [this] { cancel(); };
+    cmdCancel.onClick = [this] { cancel(); };
     closeWish = &closeIt_;
     onDrop = [this](const auto& paths) {
-        if (fraS2.enabled())
+        if (fraS1.enabled())
+            takeFiles(paths);
+        else if (fraS2.enabled())
             copyMembers(paths);
     };
     toolkit_.load(*this);
     GotoStep(1);
+    takeFiles(files);
+}
+
+/// What the user has chosen or typed himself stays.
+void frmAdd::takeFiles(const std::vector<std::string>& files) {
+    if (files.empty())
+        return;
+    const bool isFirst = taken_.empty();
+    taken_.insert(taken_.end(), files.begin(), files.end());
+    const auto guess = releases::guessRelease(disk_, files);
+    if (isFirst && guess.type != releases::ReleaseType::none) {
+        shortType_ = releases::infoOf(guess.type).shortName;
+        cbo1Type.pick(shortType_);
+        setText("Add A " + shortType_);
+    }
+    if (txt1Name.text().empty() && !guess.name.empty()) {
+        txt1Name.setText(guess.name);
+        txt1Name_LostFocus();
+    }
+    std::string names;
+    for (const auto& path : taken_)
+        names += (names.empty() ? "" : ", ") + path.substr(path.find_last_of("/\\") + 1);
+    lblFiles.setText("To be copied in step 2: " + names);
+    GotoStep(1);
+}
+
+void frmAdd::copyTakenFiles() {
+    if (taken_.empty())
+        return;
+    lblFiles.setVisible(false);
+    copyMembers(std::exchange(taken_, {}));
+}
+
+/// What has been made stays, so the user is to know.
+void frmAdd::cancel() {
+    if (!isMade_ || main_.game().questions().ask(
+                        {"The directory \"" + platform::shownPath(releaseFolder_) +
+                             "\" has been made already, and stays with what is in it.\r\n\r\nWould "
+                             "you like to leave off here?",
+                         {"Yes", "No"},
+                         1}) == 0)
+        closeWindow();
 }
 
 frmAdd::~frmAdd() {
@@ -68,6 +121,14 @@ frmAdd::~frmAdd() {
 void frmAdd::GotoStep(int stepNum) {
     steps_.goTo(stepNum);
     bar2Files.setVisible(false);
+    lbl1Done.setText("Step 1: " + cbo1Type.text() + " \"" + releases::displayForm(txt1Name.text()) +
+                     "\"" + (txt1About.text().empty() ? "" : ", with an about text"));
+    lbl1Done.setVisible(stepNum > 1);
+    lbl2Done.setText("Step 2: " + countText(copied_, "file") + " copied to \"" + txt2Where.text() +
+                     "\"");
+    lbl2Done.setVisible(stepNum > 2);
+    lblFiles.setVisible(stepNum == 1 && !taken_.empty());
+    cmdCancel.setVisible(stepNum > 1);
     defaultButton = stepNum == 1 ? &cmd1Next : stepNum == 2 ? &cmd2Next : &cmd3next;
 }
 
@@ -107,7 +168,9 @@ void frmAdd::cmd1Next_Click() {
         return;
     }
     lbl2Files.setText("");
+    isMade_ = true;
     GotoStep(2);
+    copyTakenFiles();
 }
 
 /// An empty box leaves a text that is there already. Tells of a failure.
@@ -119,7 +182,7 @@ bool frmAdd::saveAboutText() {
                           txt1About.text() + std::string(platform::lineBreak));
         return true;
     } catch (const platform::Failure& failure) {
-        main_.game().questions().tell("The about text could not be saved.\r\n\r\n" +
+        main_.game().questions().warn("The about text could not be saved.\r\n\r\n" +
                                       failure.reason());
         return false;
     }
@@ -147,7 +210,7 @@ void frmAdd::copyMembers(const std::vector<std::string>& paths) {
     stopCopying_.noted = closeIt_.noted = false;
     const auto stops = [this] { return stopCopying_.noted || closeIt_.noted; };
     cmd2Files.setText("Stop Copying");
-    for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next})
+    for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next, &cmdCancel})
         button->setEnabled(false);
     bar2Files.setDone(0);
     bar2Files.setVisible(true);
@@ -159,12 +222,13 @@ void frmAdd::copyMembers(const std::vector<std::string>& paths) {
     });
     const auto [copied, leftOut, failed] = import.copy(paths);
     notCopied_ += failed;
+    copied_ += copied;
     bar2Files.setVisible(false);
-    lbl2Files.setText(std::to_string(copied) + (copied == 1 ? " file" : " files") + " copied" +
+    lbl2Files.setText(countText(copied, "file") + " copied" +
                       (leftOut > 0 ? ", " + std::to_string(leftOut) + " not" : "") +
                       (stops() ? ", then stopped." : "."));
     cmd2Files.setText("Copy Files Here...");
-    for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next})
+    for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next, &cmdCancel})
         button->setEnabled(true);
     if (closeIt_.noted)
         closeWindow();

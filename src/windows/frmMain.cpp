@@ -18,11 +18,13 @@ std::vector<std::string> tabCaptions() {
 frmMain::frmMain(Machine machine)
     : Window("frmMain", "Vexillum"), tspMain(*this, "tspMain", tabCaptions()),
       machine_(std::move(machine)), showReadme_(machine_.toolkit),
-      log_(machine_.toolkit, showReadme_), ask_(machine_.toolkit, log_),
+      log_(machine_.toolkit, showReadme_, barWork), ask_(machine_.toolkit, log_),
       game_(machine_.disk, log_, ask_), store_(game_) {
     makeSummaries();
     wire();
     cmdReadme.setEnabled(false);
+    for (auto* control : std::initializer_list<Control*>{&lblUndo, &lblUndoLink, &barWork})
+        control->setVisible(false);
     toolkit().load(*this);
 }
 
@@ -44,12 +46,23 @@ void frmMain::wire() {
     defaultButton = &cmdGo;
     tspMain.onClick = [this] { tspMain_Click(); };
     lstList.onClick = [this](const std::string& name) { lstList_Click(name); };
+    lstList.onRead = [this](const std::string& name) { lstList_Read(name); };
+    lstList.onMarkAll = [this](const auto& names, bool marked) { lstList_MarkAll(names, marked); };
+    lstList.dateOf = [this](const std::string& name) {
+        return store_.dateOf(currentType().type, name);
+    };
+    lstList.aboutOf = [this](const std::string& name) {
+        return store_.textsOf(currentType().type, name).about.value_or("");
+    };
+    lblUndoLink.onClick = [this] { lblUndoLink_Click(); };
+    tmrTally.onTick = [this] { tmrTally_Timer(); };
+    onDrop = [this](const auto& paths) { addRelease(paths); };
     tmrSleep.onTick = [this] { tmrSleep_Timer(); };
     cmdGo.onClick = [this] { cmdGo_Click(); };
     cmdRevert.onClick = [this] { cmdRevert_Click(); };
     lblRename.onClick = [this] { lblRename_Click(); };
-    lblEditAbout.onClick = [this] { editFileOfRelease("info.txt"); };
-    lblEditCCodes.onClick = [this] { editFileOfRelease("ccodes.txt"); };
+    lblEditAbout.onClick = [this] { editText(releases::Store::Text::about); };
+    lblEditCCodes.onClick = [this] { editText(releases::Store::Text::codes); };
     cmdReadme.onClick = [this] { cmdReadme_Click(); };
     cmdExplore.onClick = [this] { cmdExplore_Click(); };
     cmdAdd.onClick = [this] { cmdAdd_Click(); };
@@ -60,7 +73,7 @@ void frmMain::wire() {
     mnuFRevert.onClick = [this] { cmdRevert_Click(); };
     mnuFExitVXL.onClick = [this] { Form_Unload(); };
     mnuFCweapon.onClick = [this] { mnuFCweapon_Click(); };
-    mnuHVXLHelp.onClick = [this] { cmdHelp_Click(); };
+    mnuHVXLHelp.onClick = [this] { openHelp("Index"); };
     mnuHAboutVXL.onClick = [this] { mnuHAboutVXL_Click(); };
     mnuUconverter.onClick = [this] { mnuUconverter_Click(); };
     mnuUfilelister.onClick = [this] { mnuUfilelister_Click(); };
@@ -84,7 +97,7 @@ void frmMain::run() {
             try {
                 toolkit().waitForUser();
             } catch (const platform::Failure& failure) {
-                tell(failure.what());
+                warn(failure.what());
             }
         }
     } catch (const platform::ProgramEnd&) {

@@ -1,6 +1,7 @@
 // The commands of buttons, links and menus. Those that change the data tree put the selection back
 // first and end in the question whether to restart, since folder names are read only at start.
 #include <algorithm>
+#include <utility>
 
 #include "cycle/clean.h"
 #include "platform/failure.h"
@@ -19,7 +20,7 @@ bool frmMain::tellsOfWaitingFiles(const std::string& name) {
     if (std::none_of(places.begin(), places.end(),
                      [this](const auto& place) { return unfinished_.touches(place); }))
         return false;
-    tell("Files of \"" + name +
+    warn("Files of \"" + name +
          "\" could not be moved back from the game directory yet.\r\n\r\nPlease see that they can "
          "be moved and start Vexillum again.");
     return true;
@@ -38,7 +39,11 @@ void frmMain::lblRename_Click() {
         return;
     revertSels(true);
     if (const auto reason = store_.rename(currentType().type, oldName, newName); !reason.empty())
-        return tell("The " + getLongSelType() + " could not be renamed.\r\n\r\n" + reason);
+        return warn("The " + getLongSelType() + " could not be renamed.\r\n\r\n" + reason);
+    if (cleared_ && cleared_->selection.has(currentType().type, oldName)) {
+        cleared_->selection.takeOut(currentType().type, oldName);
+        cleared_->selection.add(currentType().type, newName);
+    }
     tell("\"" + releases::folderForm(oldName) + "\" has been successfully renamed to \"" +
          releases::folderForm(newName) +
          "\".\r\n\r\nThe new name will be visible next time you start Vexillum.");
@@ -55,6 +60,7 @@ void frmMain::cmdRemove_Click() {
     if (tellsOfWaitingFiles(*current_))
         return;
     const auto name = *current_;
+    const auto type = currentType().type;
     const auto longType = getLongSelType();
     if (!ask_.askWhetherSure("Are you VERY VERY sure you want to remove the " + name + " " +
                              longType + "?\r\n\r\nThis is an irreversible operation!"))
@@ -62,8 +68,10 @@ void frmMain::cmdRemove_Click() {
     releases::Store::Removal removal;
     whileWorking([&] {
         revertSels(true);
-        removal = store_.remove(currentType().type, name);
+        removal = store_.remove(type, name);
     });
+    if (cleared_)
+        cleared_->selection.takeOut(type, name);
     for (auto& path : removal.left)
         path = platform::shownPath(path);
     if (!removal.reason.empty())
@@ -88,7 +96,7 @@ void frmMain::cmdReadme_Click() {
     try {
         text = platform::withLineBreaks(game_.disk().readFile(panes_.readmePath));
     } catch (const platform::Failure& failure) {
-        return tell("The readme \"" + platform::shownPath(panes_.readmePath) +
+        return warn("The readme \"" + platform::shownPath(panes_.readmePath) +
                     "\" could not be read.\r\n\r\n" + failure.reason());
     }
     showReadme_.showText("Show Readme", "Author Readme for " + current_.value_or("") + ":", text);
@@ -96,25 +104,56 @@ void frmMain::cmdReadme_Click() {
 
 void frmMain::cmdExplore_Click() {
     if (current_)
-        openWithDesktop(store_.folderOf(currentType().type, *current_),
+        openWithDesktop(store_.shownFolderOf(currentType().type, *current_),
                         platform::StartWindow::normal);
 }
 
-void frmMain::editFileOfRelease(const std::string& file) {
-    if (current_)
-        openWithDesktop(store_.folderOf(currentType().type, *current_) + "\\" + file,
-                        platform::StartWindow::maximized);
+/// An editor opens no file that is not there.
+void frmMain::editText(releases::Store::Text text) {
+    const auto path =
+        current_ ? store_.placeOfText(currentType().type, *current_, text) : std::nullopt;
+    if (!path)
+        return;
+    auto& disk = game_.disk();
+    if (disk.kindOf(*path) == platform::EntryKind::none)
+        try {
+            disk.writeFile(*path, "");
+            madeTexts_.push_back(*path);
+        } catch (const platform::Failure& failure) {
+            return warn("\"" + platform::shownPath(*path) + "\" could not be made.\r\n\r\n" +
+                        failure.reason());
+        }
+    openWithDesktop(*path, platform::StartWindow::maximized);
 }
 
+/// An empty file of codes says something else than none.
+void frmMain::removeUnusedTexts() {
+    for (const auto& path : std::exchange(madeTexts_, {}))
+        platform::attempt([&] {
+            const auto facts = game_.disk().factsOf(path);
+            if (facts.kind == platform::EntryKind::file && facts.size == 0)
+                game_.disk().removeFile(path);
+        });
+}
+
+/// Each type has its page, where the help that is there is as new as the program.
 void frmMain::cmdHelp_Click() {
-    openWithDesktop(game_.inDataTree("VXL-Help\\Index.html"), platform::StartWindow::minimized);
+    openHelp(getShortSelType());
+}
+
+void frmMain::openHelp(const std::string& page) {
+    const auto pathOf = [this](const std::string& name) {
+        return game_.inDataTree("VXL-Help\\" + name + ".html");
+    };
+    openWithDesktop(pathOf(game_.DoesFileExist(pathOf(page)) ? page : "Index"),
+                    platform::StartWindow::minimized);
 }
 
 void frmMain::openWithDesktop(const std::string& path, platform::StartWindow window) {
     try {
         machine_.programs.start({platform::Command::Kind::open, path, "", window});
     } catch (const platform::Failure& failure) {
-        tell("\"" + platform::shownPath(path) + "\" could not be opened.\r\n\r\n" +
+        warn("\"" + platform::shownPath(path) + "\" could not be opened.\r\n\r\n" +
              failure.reason());
     }
 }
@@ -128,9 +167,14 @@ void frmMain::mnuHAboutVXL_Click() {
 }
 
 void frmMain::cmdAdd_Click() {
+    addRelease({});
+}
+
+/// With the files that it is to bring, where the user has dropped some.
+void frmMain::addRelease(const std::vector<std::string>& paths) {
     revertSels(true);
     {
-        frmAdd wizard(*this, getShortSelType());
+        frmAdd wizard(*this, getShortSelType(), paths);
         toolkit().showModal(wizard);
     }
     RestartVXL(true);

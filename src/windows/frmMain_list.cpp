@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "formats/codes.h"
 #include "windows/frmMain.h"
 
 namespace windows {
@@ -48,6 +49,8 @@ void frmMain::doList() {
     listWasFilled_ = true;
     lstList.clear();
     current_.reset();
+    tally_.reset();
+    lblTally.setText("");
     if (!counts_.empty())
         counts_[static_cast<std::size_t>(type.tab)] = static_cast<int>(listed_.size());
     if (type.isSingle())
@@ -79,6 +82,8 @@ void frmMain::lstList_Click(const std::string& name) {
     // A total conversion is a new ground: nothing chosen for another one stays.
     if (type.type == releases::ReleaseType::tc)
         revertSels(false);
+    else
+        cleared_.reset();
     // It is the mark that is seen which is turned over.
     if (!type.isSingle()) {
         if (lstList.marked(lstList.find(name)))
@@ -90,6 +95,54 @@ void frmMain::lstList_Click(const std::string& name) {
     pickListItem(name);
     panes_.offersRemoval = !releases::isDefaultRelease(name);
     show();
+}
+
+/// Looking at a release neither ticks it nor holds it against anything.
+void frmMain::lstList_Read(const std::string& name) {
+    current_ = name;
+    panes_.offersFiles = true;
+    panes_.offersRemoval = !releases::isDefaultRelease(name);
+    showTexts(name);
+    show(List::stays);
+}
+
+void frmMain::lstList_MarkAll(const std::vector<std::string>& names, bool marked) {
+    const auto type = currentType().type;
+    if (currentType().isSingle())
+        return;
+    std::vector<std::string> others;
+    for (const auto& name : names)
+        if (selection_.has(type, name) != marked)
+            others.push_back(name);
+    if (marked)
+        leaveOutMisfits(others);
+    cleared_.reset();
+    if (!marked && !others.empty())
+        cleared_ = {selection_, static_cast<int>(others.size())};
+    for (const auto& name : others)
+        if (marked)
+            selection_.add(type, name);
+        else
+            selection_.takeOut(type, name);
+    show();
+}
+
+/// One question for all of them.
+void frmMain::leaveOutMisfits(std::vector<std::string>& names) {
+    if (tcCCodes.empty())
+        return;
+    std::vector<std::string> fit;
+    for (const auto& name : names) {
+        const auto codes = store_.textsOf(currentType().type, name).codes;
+        if (!codes || formats::areCompatible(*codes, tcCCodes))
+            fit.push_back(name);
+    }
+    const auto misfits = names.size() - fit.size();
+    if (misfits > 0 && ask_.askYesNo(std::to_string(misfits) + " of the " +
+                                     std::to_string(names.size()) + " " + tspMain.caption() +
+                                     " are not listed as compatible with the currently selected TC."
+                                     "\r\n\r\nWould you like to leave them out?"))
+        names = std::move(fit);
 }
 
 /// Makes a release the one at hand. Without a name it is the one that is chosen, of the types with
@@ -123,7 +176,38 @@ void frmMain::choose(const std::string& name) {
         launched_ = selection_.theOne(type.type);
 }
 
+/// What is nothing but the default cannot be missed.
+void frmMain::noteCleared() {
+    int ticks = 0;
+    for (const auto* type : releases::typesByTab())
+        if (!type->isSingle())
+            ticks += selection_.countOf(type->type);
+        else if (type->type != releases::ReleaseType::tc &&
+                 selection_.theOne(type->type) != type->defaultName)
+            ++ticks;
+    if (ticks > 0)
+        cleared_ = {selection_, ticks};
+}
+
+/// All is as it was, the total conversion too. What the modifier is to do stays.
+void frmMain::lblUndoLink_Click() {
+    if (!cleared_)
+        return;
+    const auto modifier = selection_.modifier;
+    selection_ = std::move(cleared_->selection);
+    selection_.modifier = modifier;
+    cleared_.reset();
+    opened_.assign(opened_.size(), false);
+    constexpr auto tc = releases::ReleaseType::tc;
+    launched_ = selection_.theOne(tc);
+    tcCCodes = store_.textsOf(tc, releases::displayForm(launched_))
+                   .codes.value_or(std::vector<std::string>());
+    doList();
+    show();
+}
+
 void frmMain::revertSels(bool refreshList) {
+    noteCleared();
     selection_.revert();
     opened_.assign(opened_.size(), false);
     if (refreshList)

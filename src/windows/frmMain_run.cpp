@@ -42,7 +42,7 @@ void frmMain::Init() {
             break;
     }
     if (!game_.DoesFolderExist(game_.at(releases::dataTree))) {
-        tell("The Vexillum Data Files seem to be missing.\r\n\r\nPlease reinstall VXL.");
+        warn("The Vexillum Data Files seem to be missing.\r\n\r\nPlease reinstall VXL.");
         endProgram();
     }
     widcfRun = machine_.commandLine == scanSwitch;
@@ -56,6 +56,18 @@ void frmMain::Init() {
     store_.read();
     readSelection();
     resetGameDirectory();
+    takeBackCleared();
+}
+
+/// Ticks that the last copy has cleared before it started this one.
+void frmMain::takeBackCleared() {
+    if (machine_.handedOver.empty())
+        return;
+    Cleared cleared{selection_};
+    cycle::readText(machine_.handedOver, cleared.selection);
+    std::swap(selection_, cleared.selection);
+    noteCleared();
+    std::swap(selection_, cleared.selection);
 }
 
 /// Files that the game has open could not be moved back.
@@ -95,7 +107,7 @@ void frmMain::checkGameDirectory() {
             closed.push_back(platform::shownPath(folder) + ": " + failure.reason());
         }
     if (!closed.empty())
-        tell("These folders cannot be written, so releases cannot be applied:\r\n\r\n" +
+        warn("These folders cannot be written, so releases cannot be applied:\r\n\r\n" +
              platform::shownList(closed) +
              "\r\nPlease allow writing there and start Vexillum again.");
 }
@@ -105,7 +117,7 @@ void frmMain::readSelection() {
     selectionWasRead_ = true;
     show();
     if (!unread.empty())
-        tell("These files of the selection could not be read and count as blank:\r\n\r\n" +
+        warn("These files of the selection could not be read and count as blank:\r\n\r\n" +
              platform::joinLines(unread));
 }
 
@@ -184,7 +196,7 @@ bool frmMain::moveFiles() {
     else
         log_.close();
     if (!problem.empty())
-        tell(problem);
+        warn(problem);
     setResting(false);
     return isMoved;
 }
@@ -230,7 +242,8 @@ void frmMain::mnuFCweapon_Click() {
     }
     showWorking();
     const auto report = conflict::modConflict(game_).scanWeaponIDs();
-    showReadme_.showText("Weapon IDs", "List of Weapon IDs and their assignments", report);
+    showReadme_.showReport("Weapon IDs", "List of Weapon IDs and their assignments",
+                           {report.text, report.summary(), report.conflicts}, ask_);
     hideWorking();
 }
 
@@ -240,7 +253,7 @@ void frmMain::RestartVXL(bool askUser) {
         return;
     revertSels(true);
     saveSelsOrTell();
-    startProgram("Vexillum.exe");
+    startProgram("Vexillum.exe", {}, cleared_ ? cycle::textOf(cleared_->selection) : "");
     endProgram();
 }
 
@@ -252,20 +265,22 @@ void frmMain::saveSelsOrTell() {
     try {
         saveSels();
     } catch (const platform::Failure& failure) {
-        tell(std::string("The selection could not be saved.\r\n\r\n") + failure.what());
+        warn(std::string("The selection could not be saved.\r\n\r\n") + failure.what());
     }
 }
 
-void frmMain::startProgram(const std::string& name, const std::string& arguments) {
+void frmMain::startProgram(const std::string& name, const std::string& arguments,
+                           const std::string& handedOver) {
     try {
         machine_.programs.start({platform::Command::Kind::program, game_.at(name), arguments,
-                                 platform::StartWindow::normal});
+                                 platform::StartWindow::normal, handedOver});
     } catch (const platform::Failure& failure) {
-        tell("The program \"" + name + "\" could not be started.\r\n\r\n" + failure.what());
+        warn("The program \"" + name + "\" could not be started.\r\n\r\n" + failure.what());
     }
 }
 
 void frmMain::endProgram() {
+    removeUnusedTexts();
     throw platform::ProgramEnd();
 }
 

@@ -37,6 +37,17 @@ void frmMain::show(List list) {
     cmdReadme.setEnabled(panes_.hasReadme);
     cmdExplore.setEnabled(panes_.offersFiles);
     cmdRemove.setEnabled(panes_.offersRemoval);
+    cmdExplore.setIdle(!current_);
+    cmdRemove.setIdle(!current_);
+    lblRename.setIdle(!current_ || releases::isDefaultRelease(*current_));
+    lblEditAbout.setIdle(!current_ || !panes_.offersTexts);
+    lblEditCCodes.setIdle(!current_ || !panes_.offersCodes);
+    const auto ticks = cleared_ ? cleared_->ticks : 0;
+    put(lblUndo,
+        ticks == 1 ? "1 tick was cleared." : std::to_string(ticks) + " ticks were cleared.");
+    for (auto* control : {&lblUndo, &lblUndoLink})
+        if (control->visible() != cleared_.has_value())
+            control->setVisible(cleared_.has_value());
     for (const auto& summary : summaries_)
         put(summary->box, summaryOf(summary->type));
     if (!launched_.empty())

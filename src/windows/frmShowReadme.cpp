@@ -12,6 +12,14 @@ frmShowReadme::frmShowReadme(Toolkit& toolkit)
     onClose = [this] { Form_Unload(); };
     closeWish = &closing;
     defaultButton = &cmdDone;
+    barDone.setVisible(false);
+    setReportVisible(false);
+}
+
+void frmShowReadme::setReportVisible(bool visible) {
+    for (auto* control :
+         std::initializer_list<Control*>{&lblConflicts, &chkConflicts, &cmdCopy, &cmdSave})
+        control->setVisible(visible);
 }
 
 frmShowReadme::~frmShowReadme() {
@@ -39,6 +47,26 @@ void frmShowReadme::showText(const std::string& caption, const std::string& head
     txtReadme.setText(text);
     toolkit_.showModal(*this);
     toolkit_.unload(*this);
+}
+
+void frmShowReadme::showReport(const std::string& caption, const std::string& heading,
+                               const Report& report, platform::Questions& questions) {
+    lblConflicts.setText(report.summary);
+    chkConflicts.setChecked(false);
+    chkConflicts.onClick = [&] {
+        txtReadme.setText(chkConflicts.checked() ? report.conflicts : report.text);
+    };
+    cmdCopy.onClick = [this] { toolkit_.setClipboard(txtReadme.text()); };
+    cmdSave.onClick = [&] {
+        const auto failure = toolkit_.saveText(
+            {"Save " + caption, "Plain Text (*.txt)|*.txt|All Files (*.*)|*.*", {}},
+            caption + ".txt", report.summary + "\r\n\r\n" + txtReadme.text());
+        if (!failure.empty())
+            questions.warn("The report could not be saved.\r\n\r\n" + failure);
+    };
+    setReportVisible(true);
+    showText(caption, heading, report.text);
+    setReportVisible(false);
 }
 
 void frmShowReadme::setLogText(const std::string& text) {

@@ -48,6 +48,18 @@ frmTAM::frmTAM(frmMain& main)
     cmd3prev.onClick = [this] { GotoStep(2); };
     cmd3next.onClick = [this] { toolkit_.hide(*this); };
     onClose = [this] { toolkit_.hide(*this); };
+    onEscape = [this] { cancel(); };
+    cmdCancel.onClick = [this] { cancel(); };
+}
+
+/// What has been added stays, so the user is to know.
+void frmTAM::cancel() {
+    if (!isConverted_ ||
+        main_.game().questions().ask({"The files that were added stay.\r\n\r\nWould you like to "
+                                      "leave off here?",
+                                      {"Yes", "No"},
+                                      1}) == 0)
+        toolkit_.hide(*this);
 }
 
 frmTAM::~frmTAM() {
@@ -61,6 +73,11 @@ void frmTAM::Form_Load() {
 
 void frmTAM::GotoStep(int stepNum) {
     steps_.goTo(stepNum);
+    lbl1Done.setText("Step 1: " + cbo1TAMtype.text() + " to " + cbo1VXLtype.text());
+    lbl1Done.setVisible(stepNum > 1);
+    lbl2Done.setText("Step 2: " + txt2Loc.text());
+    lbl2Done.setVisible(stepNum > 2);
+    cmdCancel.setVisible(stepNum > 1);
     defaultButton = stepNum == 1 ? &cmd1Next : stepNum == 2 ? &cmd2Next : &cmd3next;
 }
 
@@ -72,7 +89,8 @@ void frmTAM::cmd1Next_Click() {
     const auto& type = tamTypes[static_cast<std::size_t>(cbo1TAMtype.index())];
     tamTypeName = type.name;
     tamPattern = type.pattern;
-    txt2Loc.setText(tamTypeName + " (" + tamPattern + ")");
+    txt2Loc.hint = tamTypeName + " (" + tamPattern + ")";
+    txt2Loc.setText(txt2Loc.hint);
     GotoStep(2);
 }
 
@@ -127,6 +145,7 @@ bool frmTAM::convert(formats::TamType type) {
     const bool worked = import.convert(type, txt2Loc.text(), shortType);
     for (const auto& added : import.added())
         lst3files.add(added.file, added.note);
+    isConverted_ = isConverted_ || !import.added().empty();
     return worked;
 }
 

@@ -53,14 +53,28 @@ const std::string& MarkList::itemText(int index) const {
     return has(index) ? items_[at(index)].text : none;
 }
 
-void MarkList::click(std::string_view text) {
-    const int clicked = find(text);
-    if (clicked < 0)
-        return;
-    index_ = clicked;
+bool MarkList::makeCurrent(std::string_view text) {
+    const int wanted = find(text);
+    if (wanted < 0)
+        return false;
+    index_ = wanted;
     changed();
-    if (onClick)
+    return true;
+}
+
+void MarkList::click(std::string_view text) {
+    if (makeCurrent(text) && onClick)
         onClick(std::string(text));
+}
+
+void MarkList::read(std::string_view text) {
+    if (makeCurrent(text) && onRead)
+        onRead(std::string(text));
+}
+
+void MarkList::markAll(const std::vector<std::string>& texts, bool marked) {
+    if (onMarkAll)
+        onMarkAll(texts, marked);
 }
 
 void ListBox::clear() {

@@ -20,6 +20,8 @@ void LogWindow::open(const std::string& title, const std::string& heading, Shows
 
 void LogWindow::close() {
     isOpen_ = false;
+    window_.barDone.setVisible(false);
+    barElsewhere_.setVisible(false);
     toolkit_.hide(window_);
 }
 
@@ -40,8 +42,23 @@ void LogWindow::line(const std::string& text) {
 
 void LogWindow::breathe() {
     toolkit_.doEvents();
-    if (isOpen_ && std::exchange(window_.closing.noted, false))
-        toolkit_.hide(window_);
+    if (!isOpen_ || !std::exchange(window_.closing.noted, false))
+        return;
+    toolkit_.hide(window_);
+    if (!window_.barDone.visible())
+        return;
+    barElsewhere_.setVisible(true);
+}
+
+/// Nobody sees more steps than there are dots.
+void LogWindow::progress(std::size_t done, std::size_t all) {
+    constexpr std::size_t steps = 500;
+    if (!isOpen_ || (done % (all / steps + 1) != 0 && done != all))
+        return;
+    for (auto* bar : {&window_.barDone, &barElsewhere_})
+        bar->setDone(done, all);
+    if (!window_.barDone.visible())
+        window_.barDone.setVisible(true);
 }
 
 void LogWindow::tellAnsweredAlike(const std::string& text) {

@@ -1,14 +1,12 @@
 // The wizards through their widgets: typing, leaving a box, dropping files, picking rows.
 #include <QAction>
 #include <QComboBox>
-#include <QDropEvent>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -51,23 +49,29 @@ TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
         },
         [this] {
             EXPECT_TRUE(find<QGroupBox>("fraS2")->isVisible());
-            EXPECT_FALSE(find<QLineEdit>("txt1Name")->isEnabled());
+            EXPECT_FALSE(find<QGroupBox>("fraS1")->isVisible()) << "what is done is a line";
+            EXPECT_EQ(find<QLabel>("lbl1Done")->text(), "Step 1: Map \"Old\", with an about text");
+            EXPECT_TRUE(find<QPushButton>("cmd2Files")->hasFocus());
             EXPECT_EQ(find<QLineEdit>("txt2Where")->text().toStdString(),
                       game.folder() + test::shown("/Vexillum/Map-Old"));
-            QMimeData files;
-            files.setUrls(
-                {QUrl::fromLocalFile(QString::fromStdString(game.folder() + "/drüben/maps"))});
-            QDragEnterEvent enter({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(find<QWidget>("frmAdd"), &enter);
-            EXPECT_TRUE(enter.isAccepted());
-            QDropEvent drop({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
             awaited = [] { return find<QLabel>("lbl2Files")->text().endsWith("copied."); };
-            QApplication::sendEvent(find<QWidget>("frmAdd"), &drop);
+            test::drop(*find<QWidget>("frmAdd"), {QUrl::fromLocalFile(QString::fromStdString(
+                                                     game.folder() + "/drüben/maps"))});
         },
         [] {
             EXPECT_EQ(find<QLabel>("lbl2Files")->text(), "1 file copied.");
             key(find<QWidget>("frmAdd"), Qt::Key_Escape);
         },
+        [] {
+            auto* box = find<QMessageBox>("messageBox");
+            ASSERT_NE(box, nullptr) << "something was made";
+            key(box, Qt::Key_Escape);
+        },
+        [] {
+            EXPECT_TRUE(find<QWidget>("frmAdd")->isVisible()) << "Escape has said No";
+            find<QPushButton>("cmdCancel")->click();
+        },
+        [] { find<QMessageBox>("messageBox")->buttons().front()->click(); },
         [] {
             auto* box = find<QMessageBox>("messageBox");
             ASSERT_NE(box, nullptr);

@@ -20,7 +20,9 @@ class LogWindowTest : public testing::Test {
                                              event.value("line", event.value("event", "")));
                                      }};
     frmShowReadme window{toolkit};
-    LogWindow log{toolkit, window};
+    Window main{"frmMain", ""};
+    ProgressBar elsewhere{main, "barWork"};
+    LogWindow log{toolkit, window, elsewhere};
 };
 
 TEST_F(LogWindowTest, who_closes_it_hides_it_and_stops_nothing) {
@@ -38,6 +40,25 @@ TEST_F(LogWindowTest, who_closes_it_hides_it_and_stops_nothing) {
     log.open("Title", "Heading", LogWindow::Shows::atOnce);
     log.breathe();
     EXPECT_TRUE(window.visible()) << "an old wish does not close the next log";
+}
+
+TEST_F(LogWindowTest, progress_shows_in_the_main_window_where_the_log_is_closed) {
+    elsewhere.setVisible(false);
+    log.open("Title", "Heading", LogWindow::Shows::atOnce);
+    log.stage("First");
+    log.progress(1234, 20'000);
+    log.progress(1240, 20'000);
+    EXPECT_TRUE(window.barDone.visible());
+    EXPECT_FALSE(elsewhere.visible());
+    window.closing.noted = true;
+    log.breathe();
+    EXPECT_TRUE(elsewhere.visible());
+    log.progress(20'000, 20'000);
+    EXPECT_EQ(elsewhere.text(), "20,000 of 20,000");
+    EXPECT_EQ(elsewhere.done(), ProgressBar::whole);
+    log.close();
+    EXPECT_FALSE(elsewhere.visible());
+    EXPECT_FALSE(window.barDone.visible());
 }
 
 TEST_F(LogWindowTest, what_was_answered_alike_before_it_stands_at_its_head) {

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -22,6 +23,21 @@ extern char** environ;
 
 namespace platform {
 namespace {
+
+const std::string handedOverVariable = "VEXILLUM_HANDED_OVER";
+/// What Linux lets one variable have, and a little less.
+constexpr std::size_t longestVariable = 120'000;
+
+/// The helpers have the names of commands, which need not be those of packages.
+std::string whatToInstall(const std::string& command) {
+    if (command == "wine")
+        return "\"wine\", which runs programs of Windows, is not installed. Please install it: the "
+               "package is called \"wine\".";
+    if (command == "xdg-open")
+        return "\"xdg-open\", which opens folders and texts, is not installed. Please install it: "
+               "the package is called \"xdg-utils\".";
+    return std::strerror(ENOENT);
+}
 
 class PosixPrograms final : public Programs {
   public:
@@ -47,7 +63,8 @@ class PosixPrograms final : public Programs {
             words = {path};
         if (!command.arguments.empty())
             words.push_back(command.arguments);
-        spawn(words, command.kind == Command::Kind::program ? folderOf(path) : std::string());
+        spawn(words, command.kind == Command::Kind::program ? folderOf(path) : std::string(),
+              command.handedOver);
     }
 
     bool isRunning(const std::string& program) override {
@@ -84,12 +101,20 @@ class PosixPrograms final : public Programs {
         return path.substr(0, path.find_last_of('/'));
     }
 
-    static void spawn(std::vector<std::string>& words, const std::string& folder) {
+    static void spawn(std::vector<std::string>& words, const std::string& folder,
+                      const std::string& handedOver) {
         std::vector<char*> arguments;
         arguments.reserve(words.size() + 1);
         for (auto& word : words)
             arguments.push_back(word.data());
         arguments.push_back(nullptr);
+        auto extra = handedOverVariable + ("=" + handedOver);
+        std::vector<char*> environment;
+        for (auto** variable = environ; *variable != nullptr; ++variable)
+            environment.push_back(*variable);
+        if (!handedOver.empty() && extra.size() < longestVariable)
+            environment.push_back(extra.data());
+        environment.push_back(nullptr);
         posix_spawn_file_actions_t actions{};
         ::posix_spawn_file_actions_init(&actions);
         if (!folder.empty())
@@ -98,18 +123,26 @@ class PosixPrograms final : public Programs {
         ::posix_spawnattr_init(&attributes);
         ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
         pid_t child = 0;
-        const int error =
-            ::posix_spawnp(&child, arguments[0], &actions, &attributes, arguments.data(), environ);
+        const int error = ::posix_spawnp(&child, arguments[0], &actions, &attributes,
+                                         arguments.data(), environment.data());
         ::posix_spawnattr_destroy(&attributes);
         ::posix_spawn_file_actions_destroy(&actions);
         if (error != 0)
-            throw Failure("start", words[0], std::strerror(error));
+            throw Failure("start", words[0],
+                          error == ENOENT ? whatToInstall(words[0]) : std::strerror(error));
     }
 
     Disk& disk_;
 };
 
 } // namespace
+
+std::string takeHandedOver() {
+    const auto* text = std::getenv(handedOverVariable.c_str());
+    std::string taken = text == nullptr ? "" : text;
+    ::unsetenv(handedOverVariable.c_str());
+    return taken;
+}
 
 std::unique_ptr<Programs> makePrograms(Disk& disk) {
     return std::make_unique<PosixPrograms>(disk);

@@ -26,6 +26,10 @@ int showCommand(StartWindow window) {
     }
 }
 
+constexpr auto handedOverVariable = L"VEXILLUM_HANDED_OVER";
+/// What Windows lets one variable have.
+constexpr std::size_t longestVariable = 32'000;
+
 class WindowsPrograms final : public Programs {
   public:
     explicit WindowsPrograms(Disk& disk) : disk_(disk) {}
@@ -44,8 +48,16 @@ class WindowsPrograms final : public Programs {
         info.lpParameters = arguments.empty() ? nullptr : arguments.c_str();
         info.lpDirectory = isProgram ? folder.c_str() : nullptr;
         info.nShow = showCommand(command.window);
-        if (ShellExecuteExW(&info) == 0)
-            throw Failure(isProgram ? "start" : "open", command.target, windows::lastError());
+        const auto handedOver = windows::wide(command.handedOver);
+        const bool isHandedOver = !handedOver.empty() && handedOver.size() < longestVariable;
+        if (isHandedOver)
+            SetEnvironmentVariableW(handedOverVariable, handedOver.c_str());
+        const bool isStarted = ShellExecuteExW(&info) != 0;
+        const auto error = windows::lastError();
+        if (isHandedOver)
+            SetEnvironmentVariableW(handedOverVariable, nullptr);
+        if (!isStarted)
+            throw Failure(isProgram ? "start" : "open", command.target, error);
     }
 
     bool isRunning(const std::string& program) override {
@@ -81,6 +93,15 @@ class WindowsPrograms final : public Programs {
 };
 
 } // namespace
+
+std::string takeHandedOver() {
+    std::wstring text(longestVariable, L'\0');
+    const auto size =
+        GetEnvironmentVariableW(handedOverVariable, text.data(), static_cast<DWORD>(text.size()));
+    text.resize(size < text.size() ? size : 0);
+    SetEnvironmentVariableW(handedOverVariable, nullptr);
+    return windows::narrow(text);
+}
 
 std::unique_ptr<Programs> makePrograms(Disk& disk) {
     return std::make_unique<WindowsPrograms>(disk);

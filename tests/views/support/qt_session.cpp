@@ -1,6 +1,8 @@
 // The script's user sits before the widgets; what they make of it comes back through `post`.
 #include "views/support/qt_session.h"
 
+#include <fstream>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -112,6 +114,13 @@ std::optional<std::string> QtSessionToolkit::askForFolder(const windows::FileDia
     return askForFile(dialog);
 }
 
+std::string QtSessionToolkit::saveText(const windows::FileDialog& dialog,
+                                       const std::string& /*name*/, const std::string& text) {
+    if (const auto file = askForFile(dialog))
+        std::ofstream(*file, std::ios::binary) << text;
+    return {};
+}
+
 void QtSessionToolkit::setClipboard(const std::string& text) {
     QtToolkit::setClipboard(text);
     EXPECT_EQ(QApplication::clipboard()->text(), shown(text));
@@ -168,7 +177,8 @@ void QtSessionToolkit::carryOut(const std::string& line) {
         viewOf(*gesture.window)->activateWindow();
         processEvents(false);
         // What is typed is in the box by then; only some boxes tell that they were left.
-        const bool ends = takesEffect(gesture) || gesture.kind == headless::Gesture::Kind::type;
+        const bool ends = takesEffect(gesture) || gesture.kind == headless::Gesture::Kind::type ||
+                          (gesture.control != nullptr && gesture.control->idle());
         EXPECT_TRUE(ends) << line << ": nothing came of it";
     });
 }

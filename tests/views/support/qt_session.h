@@ -22,6 +22,8 @@ class QtSessionToolkit final : public views::QtToolkit {
     std::optional<std::string> askForFile(const windows::FileDialog& dialog) override;
     std::vector<std::string> askForFiles(const windows::FileDialog& dialog) override;
     std::optional<std::string> askForFolder(const windows::FileDialog& dialog) override;
+    std::string saveText(const windows::FileDialog& dialog, const std::string& name,
+                         const std::string& text) override;
     void setClipboard(const std::string& text) override;
     void doEvents() override;
     void waitForUser() override;

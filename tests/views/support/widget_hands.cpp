@@ -5,10 +5,13 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTabBar>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -40,14 +43,14 @@ void chooseTab(const headless::Gesture& gesture, const QWidget& view) {
             return click(tabs, tabs->tabRect(tab).center());
 }
 
-void clickRow(const headless::Gesture& gesture, const QWidget& view) {
+void clickRow(const headless::Gesture& gesture, const QWidget& view, Qt::MouseButton button) {
     auto* list = of<QListView>(gesture, view);
     for (int row = 0; list != nullptr && row < list->model()->rowCount(); ++row) {
         const auto index = list->model()->index(row, 0);
         if (index.data().toString() != views::shown(gesture.text))
             continue;
         list->scrollTo(index);
-        return click(list->viewport(), list->visualRect(index).center());
+        return click(list->viewport(), list->visualRect(index).center(), button);
     }
 }
 
@@ -86,25 +89,37 @@ void key(QWidget* widget, int code, const QString& text) {
     QApplication::sendEvent(widget, &press);
 }
 
-void click(QWidget* widget, const QPoint& at) {
+void drop(QWidget& view, const QList<QUrl>& files) {
+    QMimeData data;
+    data.setUrls(files);
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&view, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&view, &drop);
+}
+
+void click(QWidget* widget, const QPoint& at, Qt::MouseButton button) {
     for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
         const Qt::MouseButtons held =
-            type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
-        QMouseEvent event(type, at, widget->mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
+            type == QEvent::MouseButtonPress ? button : Qt::NoButton;
+        QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
         QApplication::sendEvent(widget, &event);
     }
 }
 
 void perform(const headless::Gesture& gesture, QWidget& view) {
-    if (gesture.control == nullptr) {
-        view.close();
-        return;
-    }
     switch (gesture.kind) {
     case headless::Gesture::Kind::tab:
         return chooseTab(gesture, view);
     case headless::Gesture::Kind::mark:
-        return clickRow(gesture, view);
+        return clickRow(gesture, view, Qt::LeftButton);
+    case headless::Gesture::Kind::read:
+        return clickRow(gesture, view, Qt::RightButton);
+    case headless::Gesture::Kind::drop:
+        return drop(view, {QUrl::fromLocalFile(views::shown(gesture.text))});
+    case headless::Gesture::Kind::escape:
+        return key(&view, Qt::Key_Escape);
     case headless::Gesture::Kind::click:
         return press(gesture, view);
     case headless::Gesture::Kind::pick:
@@ -112,7 +127,8 @@ void perform(const headless::Gesture& gesture, QWidget& view) {
     case headless::Gesture::Kind::type:
         return type(gesture, view);
     case headless::Gesture::Kind::close:
-        break;
+        view.close();
+        return;
     }
 }
 

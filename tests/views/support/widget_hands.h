@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QUrl>
 #include <QWidget>
 
 #include "headless/gesture.h"
@@ -21,7 +22,9 @@ Widget* find(const char* name) {
 }
 
 void key(QWidget* widget, int code, const QString& text = {});
-void click(QWidget* widget, const QPoint& at);
+void click(QWidget* widget, const QPoint& at, Qt::MouseButton button = Qt::LeftButton);
+/// Drags files over a window and lets them go.
+void drop(QWidget& view, const QList<QUrl>& files);
 
 /// Does to the widgets of a window what the gesture says, as far as they let a person do it. The
 /// window must be active.

@@ -2,6 +2,7 @@
 #include "views/support/widget_state.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -15,19 +16,25 @@
 #include <QTabBar>
 #include <QTimer>
 
-#include "views/binding.h"
+#include "views/window_view.h"
 
 namespace test {
 namespace {
 
 using views::shown;
 
+QString withoutAccessKey(QString caption) {
+    return caption.replace("&&", QChar(1)).remove('&').replace(QChar(1), '&');
+}
+
 /// The text of a widget of one text, without marks of access keys.
 QString textOn(const QWidget& widget) {
     if (const auto* label = qobject_cast<const QLabel*>(&widget))
         return label->text();
     if (const auto* button = qobject_cast<const QPushButton*>(&widget))
-        return QString(button->text()).replace("&&", "&");
+        return withoutAccessKey(button->text());
+    if (const auto* box = qobject_cast<const QCheckBox*>(&widget))
+        return box->text();
     if (const auto* frame = qobject_cast<const QGroupBox*>(&widget))
         return frame->title();
     if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
@@ -121,7 +128,24 @@ class Comparison {
 
     bool usable(const windows::Control& control) const {
         const bool isFrame = dynamic_cast<const windows::Frame*>(&control) != nullptr;
-        return control.enabled() && (isFrame || (window_.enabled() && !window_.resting()));
+        return control.enabled() && !control.idle() && (isFrame || (window_.enabled() && !window_.resting()));
+    }
+
+    static bool isHint(const windows::Control& control) {
+        const auto* box = dynamic_cast<const windows::TextBox*>(&control);
+        return box != nullptr && !box->hint.empty() && box->text() == box->hint;
+    }
+
+    /// A wizard shows of a step that is done no more than a line.
+    bool isDone(const windows::Control& control) const {
+        const windows::Control* frame = nullptr;
+        for (const auto* each : window_.controls()) {
+            if (dynamic_cast<const windows::Frame*>(each) != nullptr)
+                frame = each;
+            if (each == &control)
+                break;
+        }
+        return frame != nullptr && !frame->enabled();
     }
 
     void compareItem(const windows::MenuItem& item, const QAction& action) {
@@ -132,12 +156,19 @@ class Comparison {
 
     void compareWidget(const windows::Control& control, const QWidget& widget) {
         if (dynamic_cast<const windows::Menu*>(&control) != nullptr)
-            return compare(control, "text", shown(control.text()),
-                           static_cast<const QMenu&>(widget).title());
-        compare(control, "text", shown(control.text()), textOn(widget));
+            return compare(control, "text", withoutAccessKey(shown(control.text())),
+                           withoutAccessKey(static_cast<const QMenu&>(widget).title()));
+        if (dynamic_cast<const windows::ProgressBar*>(&control) == nullptr)
+            compare(control, "text", isHint(control) ? QString() : shown(control.text()),
+                    textOn(widget));
         compare(control, "rows", rowsOf(control), rowsOn(widget));
         compare(control, "enabled", usable(control), widget.isEnabled());
-        compare(control, "visible", control.visible(), widget.isVisibleTo(&view_));
+        if (static_cast<const views::WindowView&>(view_).isFilled())
+            compare(control, "visible", control.visible() && !isDone(control),
+                    widget.isVisibleTo(&view_));
+        if (const auto* box = dynamic_cast<const windows::CheckBox*>(&control))
+            compare(control, "checked", box->checked(),
+                    static_cast<const QCheckBox&>(widget).isChecked());
         if (const auto* bar = dynamic_cast<const windows::ProgressBar*>(&control))
             compare(control, "done", bar->done(), static_cast<const QProgressBar&>(widget).value());
     }

@@ -21,6 +21,9 @@ class WeaponTable {
 
     const std::string& operator[](int id) const { return names_[static_cast<std::size_t>(id)]; }
 
+    /// Whether more than one weapon claims an ID.
+    bool isConflict(int id) const;
+
     /// A line of the report, with its line end.
     std::string reportLine(int id) const;
 

@@ -22,4 +22,8 @@ void saveSels(const releases::GameDirectory& game, const Selection& selection);
 /// bring the old ones back, whole.
 void killSels(const releases::GameDirectory& game);
 
+/// A selection as one text and back, without the modifier: a line for each name, behind its type.
+std::string textOf(const Selection& selection);
+void readText(std::string_view text, Selection& selection);
+
 } // namespace cycle

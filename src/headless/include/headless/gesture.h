@@ -11,12 +11,12 @@ namespace headless {
 /// What one line of a script has the user do, with the control found and the text as the program
 /// has it.
 struct Gesture {
-    enum class Kind { tab, mark, click, pick, type, close };
+    enum class Kind { tab, mark, read, click, pick, type, drop, close, escape };
 
     Kind kind;
     windows::Window* window;
-    windows::Control* control; ///< null for `close`
-    std::string text;          ///< a tab's caption, an item's or row's text, what is typed
+    windows::Control* control; ///< null for what is done to the window
+    std::string text; ///< a tab's caption, an item's or row's text, what is typed, a dropped path
 };
 
 /// Looks the control up in the windows, the last one first; `close` means the last one. Throws

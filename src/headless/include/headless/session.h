@@ -28,6 +28,8 @@ class SessionToolkit : public windows::Toolkit {
     std::optional<std::string> askForFolder(const windows::FileDialog& dialog) override {
         return askForFile(dialog);
     }
+    std::string saveText(const windows::FileDialog& dialog, const std::string& name,
+                         const std::string& text) override;
     void setClipboard(const std::string& text) override;
     void doEvents() override;
     void waitForUser() override;

@@ -67,6 +67,9 @@ struct EntryFacts {
     /// When its content, name or permissions last changed, by the clock of the disk it lies on, in
     /// nanoseconds; 0 where the system does not tell. Only for comparing.
     std::int64_t changed = 0;
+    /// When its content last changed, in nanoseconds since 1970; 0 where that is not known. A copy
+    /// has the time of what it was copied from.
+    std::int64_t modified = 0;
 };
 
 /// Bare names, ascending, case ignored.

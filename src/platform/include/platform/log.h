@@ -2,6 +2,7 @@
 // terminal or nobody reads.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace platform {
@@ -21,6 +22,8 @@ class Log {
     /// Called between two steps, once for each file, folder or line of a file. Whoever shows the
     /// log may paint here. Nothing that runs in here changes what the work goes on with.
     virtual void breathe() = 0;
+    /// How far the stretch at hand has come, where that is known.
+    virtual void progress(std::size_t /*done*/, std::size_t /*all*/) {}
 };
 
 /// Work that nobody watches.

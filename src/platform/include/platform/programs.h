@@ -21,7 +21,14 @@ struct Command {
     /// The rest of a program's command line. POSIX hands it over as one argument, blanks and all.
     std::string arguments;
     StartWindow window = StartWindow::normal;
+    /// A text for another copy of this program (`handedOver` there); left out where it is too long
+    /// for the system.
+    std::string handedOver = {};
 };
+
+/// What the copy that started this one has handed over; empty where nothing was. Whatever this one
+/// starts does not get it.
+std::string takeHandedOver();
 
 /// Starts programs and does not wait for them. A program runs in the folder that it lies in, and
 /// outlives this one.

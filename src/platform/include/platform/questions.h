@@ -17,6 +17,8 @@ struct Question {
     std::size_t defaultButton = 0;
     /// The reason behind the text, in words that are not the program's own.
     std::string detail = {};
+    /// It tells of something that is wrong.
+    bool warns = false;
 };
 
 /// A row of questions that ask the same of one file after the other. From the third one on the rest
@@ -60,6 +62,9 @@ class Questions {
     virtual std::size_t ask(const Question& question, MessageRow* row = nullptr) = 0;
 
     void tell(const std::string& text, MessageRow* row = nullptr) { ask({text, {"OK"}}, row); }
+    void warn(const std::string& text, MessageRow* row = nullptr) {
+        ask({text, {"OK"}, 0, {}, true}, row);
+    }
     bool askYesNo(const std::string& text, MessageRow* row = nullptr) {
         return ask({text, {"Yes", "No"}}, row) == 0;
     }

@@ -1,6 +1,7 @@
 // Byte strings as text: case, line ends and what a person gets to see of them.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,6 +50,9 @@ std::string joinLines(const Lines& lines) {
 
 /// Names for a message, a line each, with a limit to what a person would read.
 std::string shownList(const std::vector<std::string>& names);
+
+/// A number as people read it: "1,234".
+std::string withSeparators(std::uint64_t number);
 
 /// A message as one line of a log: line breaks and blank lines become a blank.
 std::string inOneLine(std::string_view text);

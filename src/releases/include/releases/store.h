@@ -10,6 +10,7 @@
 #include "releases/game_directory.h"
 #include "releases/modArray.h"
 #include "releases/release_types.h"
+#include "releases/tally.h"
 
 namespace releases {
 
@@ -52,6 +53,21 @@ class Store {
     /// there.
     ReleaseTexts textsOf(ReleaseType type, std::string_view displayName) const;
 
+    /// The folder to look into for a release's files: its own, or that of the loose files.
+    std::string shownFolderOf(ReleaseType type, std::string_view displayName) const;
+
+    enum class Text { about, codes };
+    /// Where a text of a release belongs, whether it is there or not. Nothing for the codes of a
+    /// loose file, which has none.
+    std::optional<std::string> placeOfText(ReleaseType type, std::string_view displayName,
+                                           Text text) const;
+
+    /// When a release was changed last, in seconds since 1970, as far as a short look tells; 0
+    /// where nothing is found.
+    std::int64_t dateOf(ReleaseType type, std::string_view displayName) const;
+    /// What there is of a release, to be counted bit by bit.
+    Tally tallyOf(ReleaseType type, std::string_view displayName) const;
+
     /// Gives a release's folder another name. Returns why that could not be done, in a sentence for
     /// people, or nothing. A loose file cannot be renamed.
     std::string rename(ReleaseType type, std::string_view oldName, std::string_view newName) const;
@@ -67,6 +83,8 @@ class Store {
   private:
     void addFilesOf(const std::string& folder, std::vector<std::string>& files) const;
     std::string looseFolderOf(ReleaseType type) const;
+    /// The file of a release that is loose.
+    std::optional<std::string> looseFileOf(ReleaseType type, std::string_view displayName) const;
     std::vector<std::string> looseFiles(ReleaseType type) const;
     std::optional<std::string> companionOf(ReleaseType type, std::string_view file) const;
     std::optional<std::string> readText(const std::string& path) const;

@@ -12,6 +12,7 @@
 #include "windows/input.h"
 #include "windows/toolkit.h"
 
+class QSettings;
 class QWidget;
 
 namespace views {
@@ -33,11 +34,19 @@ class QtToolkit : public windows::Toolkit {
     std::optional<std::string> askForFile(const windows::FileDialog& dialog) override;
     std::vector<std::string> askForFiles(const windows::FileDialog& dialog) override;
     std::optional<std::string> askForFolder(const windows::FileDialog& dialog) override;
+    std::string saveText(const windows::FileDialog& dialog, const std::string& name,
+                         const std::string& text) override;
     void setClipboard(const std::string& text) override;
     void doEvents() override;
     void waitForUser() override;
     void waitForTimer() override;
     void logged(const std::string& /*line*/) override {}
+
+    /// Keeps in a file where windows and dialogs were, from this call on and for later runs. What
+    /// cannot be written is not kept.
+    void rememberIn(const std::string& file);
+    /// What is kept, or null.
+    QSettings* memory() const { return memory_.get(); }
 
     /// As if the user closed the first window.
     void closeMain();
@@ -60,10 +69,15 @@ class QtToolkit : public windows::Toolkit {
   private:
     void open(windows::Window& window, Qt::WindowModality modality);
     void putOverOwner(WindowView& view);
+    static void keepOnScreen(WindowView& view);
     QWidget* boxParent() const;
+    QString folderFor(const windows::FileDialog& dialog) const;
+    void noteFolder(const QString& folder);
 
     Refresher refresher_;
     std::map<windows::Window*, std::unique_ptr<WindowView>> views_;
+    std::unique_ptr<QSettings> memory_;
+    QString lastFolder_;             ///< of the last file dialog
     WindowView* mainView_ = nullptr; ///< the first window loaded, which the others belong to
     windows::Input input_;
     windows::Input::Moment moment_ = windows::Input::Moment::working;

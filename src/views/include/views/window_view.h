@@ -21,6 +21,7 @@ class QProgressBar;
 
 namespace views {
 
+class DropHint;
 class MarkListView;
 class QtToolkit;
 
@@ -33,10 +34,19 @@ class WindowView : public QWidget {
   public:
     WindowView(windows::Window& window, QtToolkit& toolkit);
 
+    /// False while what it shows is not there yet.
+    virtual bool isFilled() const { return true; }
+    /// Where it was when it was open last, in this run of the program or an earlier one.
+    virtual void takeOldPlace() {}
+
   protected:
     QLabel* label(windows::Label& control, bool heading = false);
     QPushButton* link(windows::Label& control);
-    QPushButton* button(windows::Button& control);
+    /// With a letter, which is underlined where the caption has it, Alt and that key press it.
+    QPushButton* button(windows::Button& control, QChar letter = {});
+    /// One whose text may be longer than there is room.
+    QPushButton* elidedButton(windows::Button& control, QChar letter);
+    QCheckBox* checkBox(windows::CheckBox& control);
     QLineEdit* lineEdit(windows::TextBox& control);
     QPlainTextEdit* textEdit(windows::TextBox& control);
     QTabBar* tabBar(windows::TabStrip& control);
@@ -53,11 +63,19 @@ class WindowView : public QWidget {
     void post(windows::Action action);
     /// Whether the control's widget is to look as if it could be used.
     bool takesInput(const windows::Control& control) const;
+    /// Whether the control's widget is to be seen.
+    virtual bool shows(const windows::Control& control) const { return control.visible(); }
+    /// What stands over the window while files are dragged over it.
+    virtual QString dropText() const { return "Drop files here"; }
+    /// What Enter does where no button has the focus.
+    virtual void pressDefaultButton();
+    virtual void showRest(bool rests);
     /// A widget that is no control's and rests with the window.
     void restToo(QWidget* widget) { restToo_.push_back(widget); }
 
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -65,13 +83,13 @@ class WindowView : public QWidget {
     QtToolkit& toolkit_;
 
   private:
-    void showRest(bool rests);
+    QPushButton* bindButton(windows::Button& control, QPushButton* widget, QChar letter);
     /// Tells the logic when the user leaves a box for another control.
     void watchLeaving(windows::TextBox& control, QWidget* widget);
-    void pressDefaultButton();
 
     std::vector<std::unique_ptr<Binding>> bindings_;
     std::vector<QWidget*> restToo_;
+    DropHint* dropHint_ = nullptr;
     bool rests_ = false;
 };
 

@@ -23,13 +23,19 @@ struct Action {
 Action press(Button& button);
 Action press(Label& link);
 Action press(MenuItem& item);
+Action press(CheckBox& box);
 Action choose(TabStrip& tabs, std::string caption);
 Action choose(ComboBox& box, std::string row);
 /// A click on an item, in the list as it was at that revision.
 Action click(MarkList& list, std::string text, unsigned revision);
+/// The same for one that is only looked at, and for many that are marked or cleared at once.
+Action read(MarkList& list, std::string text, unsigned revision);
+Action markAll(MarkList& list, std::vector<std::string> texts, bool marked, unsigned revision);
 /// The user has left the box.
 Action leave(TextBox& box);
 Action close(Window& window);
+/// The user wants out of the window, by the key for that.
+Action escape(Window& window);
 Action drop(Window& window, std::vector<std::string> paths);
 
 } // namespace windows

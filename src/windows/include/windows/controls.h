@@ -59,6 +59,8 @@ class TextBox : public Control {
 
     /// The user has left the box.
     std::function<void()> onLeave;
+    /// A text that only says what belongs here: a box that holds it counts as empty for a person.
+    std::string hint;
 
   private:
     void textReplaced() override;
@@ -68,7 +70,23 @@ class TextBox : public Control {
     unsigned revision_ = 0;
 };
 
-/// How much of a piece of work is done.
+/// A box to tick.
+class CheckBox : public Control {
+  public:
+    using Control::Control;
+
+    bool checked() const { return checked_; }
+    void setChecked(bool checked);
+    /// What a click of the user does.
+    void click();
+
+    std::function<void()> onClick;
+
+  private:
+    bool checked_ = false;
+};
+
+/// How much of a piece of work is done. Its text says so in words.
 class ProgressBar : public Control {
   public:
     using Control::Control;
@@ -77,6 +95,8 @@ class ProgressBar : public Control {
     /// From 0 to `whole`.
     int done() const { return done_; }
     void setDone(int done);
+    /// So many of so many things, which the text tells.
+    void setDone(std::size_t done, std::size_t all);
 
   private:
     int done_ = 0;
@@ -169,6 +189,8 @@ class Window : public Element {
 
     /// What the close box does.
     std::function<void()> onClose;
+    /// What the key does that leads out of a window; where there is nothing, that of the close box.
+    std::function<void()> onEscape;
     /// What closing it means while a procedure runs; null where it means to close it later.
     Wish* closeWish = nullptr;
     /// What Enter presses, or null.

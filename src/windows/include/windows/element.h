@@ -61,8 +61,13 @@ class Control : public Element {
     /// The window that it stands in.
     Window& window() const { return window_; }
 
+    /// There is nothing that it could act on now: using it does nothing, and a view greys it.
+    bool idle() const { return idle_; }
+    void setIdle(bool idle);
+
   private:
     Window& window_;
+    bool idle_ = false;
 };
 
 } // namespace windows

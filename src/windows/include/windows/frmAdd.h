@@ -16,8 +16,9 @@ class frmMain;
 
 class frmAdd : public Window {
   public:
-    /// `shortType` is that of the tab that it is opened from.
-    frmAdd(frmMain& main, std::string shortType);
+    /// `shortType` is that of the tab that it is opened from. With files at hand, by their paths,
+    /// it begins with what they seem to be, and copies them in its second step.
+    frmAdd(frmMain& main, std::string shortType, const std::vector<std::string>& files = {});
     ~frmAdd() override;
     frmAdd(const frmAdd&) = delete;
     frmAdd& operator=(const frmAdd&) = delete;
@@ -27,6 +28,12 @@ class frmAdd : public Window {
 
     static constexpr auto line = TextBox::Kind::line;
 
+    /// What was entered in the steps that are done.
+    Label lbl1Done{*this, "lbl1Done"};
+    Label lbl2Done{*this, "lbl2Done"};
+    /// What is to be copied in the second step.
+    Label lblFiles{*this, "lblFiles"};
+    Button cmdCancel{*this, "cmdCancel", "Cancel"};
     Frame fraS1{*this, "fraS1", "Step 1: Enter Information"};
     Label lbl1Type{*this, "lbl1Type", "Type of 3rd Party Release:"};
     ComboBox cbo1Type;
@@ -77,6 +84,9 @@ class frmAdd : public Window {
     std::string folderFor(const std::string& name) const;
     void copyMembers(const std::vector<std::string>& paths);
     void closeWindow();
+    void cancel();
+    void takeFiles(const std::vector<std::string>& files);
+    void copyTakenFiles();
 
     frmMain& main_;
     Toolkit& toolkit_;
@@ -84,6 +94,10 @@ class frmAdd : public Window {
     Steps steps_;
     /// That of the tab, which the combo does not change.
     std::string shortType_;
+    /// Files that wait for the second step.
+    std::vector<std::string> taken_;
+    int copied_ = 0;
+    bool isMade_ = false;
     /// The release's folder; the box shows it in the system's form.
     std::string releaseFolder_;
     /// What the codes box was given last, to tell what the user has typed from what was loaded.

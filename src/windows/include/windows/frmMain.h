@@ -77,6 +77,14 @@ class frmMain : public Window {
     Button cmdGo{*this, "cmdGo", "Launch"};
     Label lblGo{*this, "lblGo", ""};
     Timer tmrSleep{*this, "tmrSleep", 0};
+    /// How many ticks were cleared that can be put back, and the link that does it.
+    Label lblUndo{*this, "lblUndo"};
+    Label lblUndoLink{*this, "lblUndoLink", "Undo"};
+    /// Files, size and date of the release at hand.
+    Label lblTally{*this, "lblTally"};
+    Timer tmrTally{*this, "tmrTally", 0};
+    /// The progress of the work whose log is closed.
+    ProgressBar barWork{*this, "barWork"};
 
     /// What is chosen of a type, in words: a label and the box beside it.
     struct Summary {
@@ -124,6 +132,13 @@ class frmMain : public Window {
         std::string readmePath; ///< of the last release that had one
         bool offersFiles = true;
         bool offersRemoval = true;
+        bool offersTexts = false; ///< an about text of its own, by its place
+        bool offersCodes = false;
+    };
+    /// What was chosen before ticks were cleared.
+    struct Cleared {
+        cycle::Selection selection;
+        int ticks = 0;
     };
 
     void wire();
@@ -136,24 +151,31 @@ class frmMain : public Window {
     void checkGameDirectory();
     void readSelection();
     void resetGameDirectory();
+    void takeBackCleared();
     void tellOfDamage(const cycle::LastLaunch& last);
     void tmrSleep_Timer();
     void showLogForASecond();
     void cmdGo_Click();
     void mnuFCweapon_Click();
     void saveSelsOrTell();
-    void startProgram(const std::string& name, const std::string& arguments = {});
-    [[noreturn]] static void endProgram();
+    void startProgram(const std::string& name, const std::string& arguments = {},
+                      const std::string& handedOver = {});
+    [[noreturn]] void endProgram();
 
     // frmMain_list.cpp: tabs and the list
     void tspMain_Click();
     void lstList_Click(const std::string& name);
+    void lstList_Read(const std::string& name);
+    void lstList_MarkAll(const std::vector<std::string>& names, bool marked);
+    void leaveOutMisfits(std::vector<std::string>& names);
     void doList();
     void dropMissingNames();
     void pickListItem(const std::optional<std::string>& name);
     void choose(const std::string& name);
     void revertSels(bool refreshList);
     void cmdRevert_Click();
+    void noteCleared();
+    void lblUndoLink_Click();
     const releases::TypeInfo& currentType() const;
     std::string getLongSelType() const;
     bool isListed(std::string_view name) const;
@@ -161,6 +183,8 @@ class frmMain : public Window {
     // frmMain_info.cpp: the release at hand
     enum class Fits { yes, no };
     Fits showInfo(const std::string& name);
+    releases::ReleaseTexts showTexts(const std::string& name);
+    void tmrTally_Timer();
 
     // frmMain_show.cpp: state becomes controls
     /// The list on the screen may stay as it is until the next change.
@@ -178,7 +202,10 @@ class frmMain : public Window {
     void cmdReadme_Click();
     void cmdExplore_Click();
     void cmdHelp_Click();
-    void editFileOfRelease(const std::string& file);
+    void editText(releases::Store::Text text);
+    void removeUnusedTexts();
+    void openHelp(const std::string& page);
+    void addRelease(const std::vector<std::string>& paths);
     void mnuHAboutVXL_Click();
     void openWithDesktop(const std::string& path, platform::StartWindow window);
     void cmdAdd_Click();
@@ -189,6 +216,7 @@ class frmMain : public Window {
 
     Toolkit& toolkit() { return machine_.toolkit; }
     void tell(const std::string& text) { ask_.tell(text); }
+    void warn(const std::string& text) { ask_.warn(text); }
 
     Machine machine_;
     frmShowReadme showReadme_;
@@ -207,6 +235,10 @@ class frmMain : public Window {
     /// The release at hand, of the current tab: its texts are shown, and commands act on it.
     std::optional<std::string> current_;
     Panes panes_;
+    std::optional<Cleared> cleared_;
+    std::optional<releases::Tally> tally_;
+    /// Texts that were made empty for the editor, and go again where nobody has written into them.
+    std::vector<std::string> madeTexts_;
     std::vector<std::string> tcCCodes;
     /// The total conversion that the launch button names, in the form of its folder.
     std::string launched_;

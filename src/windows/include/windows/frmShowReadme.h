@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "platform/questions.h"
 #include "windows/controls.h"
 #include "windows/toolkit.h"
 
@@ -18,6 +19,13 @@ class frmShowReadme : public Window {
     Label lblWhat{*this, "lblWhat"};
     TextBox txtReadme{*this, "txtReadme", TextBox::Kind::readOnlyLines};
     Button cmdDone{*this, "cmdDone", "Close"};
+    /// Of the log alone.
+    ProgressBar barDone{*this, "barDone"};
+    // Of the weapon report alone.
+    Label lblConflicts{*this, "lblConflicts"};
+    CheckBox chkConflicts{*this, "chkConflicts", "Only Conflicts"};
+    Button cmdCopy{*this, "cmdCopy", "Copy To Clipboard"};
+    Button cmdSave{*this, "cmdSave", "Save As..."};
 
     /// Noted where the user closes the window beside running work.
     Wish closing;
@@ -29,11 +37,22 @@ class frmShowReadme : public Window {
     /// Shows a text and waits until the user has closed it.
     void showText(const std::string& caption, const std::string& heading, const std::string& text);
 
+    /// The same for a report: a line that says what it comes to, and which of its lines matter.
+    struct Report {
+        std::string text;
+        std::string summary;
+        std::string conflicts; ///< the lines of the text that are conflicts
+    };
+    void showReport(const std::string& caption, const std::string& heading, const Report& report,
+                    platform::Questions& questions);
+
     /// The window as log of running work. Every line is scrolled to.
     void setLogText(const std::string& text);
     void appendLogLine(const std::string& line);
 
   private:
+    void setReportVisible(bool visible);
+
     Toolkit& toolkit_;
 };
 

@@ -24,6 +24,10 @@ class frmTAM : public Window {
     void Form_Load();
     void GotoStep(int stepNum);
 
+    /// What was entered in the steps that are done.
+    Label lbl1Done{*this, "lbl1Done"};
+    Label lbl2Done{*this, "lbl2Done"};
+    Button cmdCancel{*this, "cmdCancel", "Cancel"};
     Frame fra1step{*this, "fra1step", "Step 1: Select Types"};
     Label lbl1TAMtype{*this, "lbl1TAMtype", "TAM Release Type:"};
     ComboBox cbo1TAMtype{
@@ -35,7 +39,7 @@ class frmTAM : public Window {
     Button cmd1Prev{*this, "cmd1Prev", "Cancel"};
     Button cmd1Next{*this, "cmd1Next", "Next"};
     Frame fra2step{*this, "fra2step", "Step 2: Locate TAM Data File"};
-    TextBox txt2Loc{*this, "txt2Loc", TextBox::Kind::readOnlyLine, "(TAM Data File Location)"};
+    TextBox txt2Loc{*this, "txt2Loc", TextBox::Kind::line, "(TAM Data File Location)"};
     Button cmd2Browse{*this, "cmd2Browse", "Browse..."};
     Button cmd2Prev{*this, "cmd2Prev", "Back"};
     Button cmd2Next{*this, "cmd2Next", "Next"};
@@ -47,6 +51,7 @@ class frmTAM : public Window {
     FilePicker cdgTAM{*this, "cdgTAM"};
 
   private:
+    void cancel();
     void cmd1Next_Click();
     void cmd2Browse_Click();
     void cmd2Next_Click();
@@ -64,6 +69,7 @@ class frmTAM : public Window {
     std::string tamTypeName;
     std::string tamPattern;
     std::string shortType;
+    bool isConverted_ = false;
 };
 
 } // namespace windows

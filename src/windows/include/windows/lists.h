@@ -2,6 +2,7 @@
 // rows may be others by the time that the owner hears of it.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -45,10 +46,22 @@ class MarkList : public Control {
     /// What a click of the user does: makes the first item of that text current and tells the
     /// owner, who sets the marks. A text that no item has does nothing.
     void click(std::string_view text);
+    /// What a user does who only looks: makes the first item of that text current and tells the
+    /// owner. No mark changes.
+    void read(std::string_view text);
+    /// What a user does to many items at once; the owner sets the marks.
+    void markAll(const std::vector<std::string>& texts, bool marked);
 
     std::function<void(const std::string& text)> onClick;
+    std::function<void(const std::string& text)> onRead;
+    std::function<void(const std::vector<std::string>& texts, bool marked)> onMarkAll;
+    /// When an item was changed last, in seconds since 1970; and a longer text about it. A view may
+    /// sort and search by them. They cost a look at the disk for each item.
+    std::function<std::int64_t(const std::string& text)> dateOf;
+    std::function<std::string(const std::string& text)> aboutOf;
 
   private:
+    bool makeCurrent(std::string_view text);
     bool has(int index) const { return index >= 0 && index < count(); }
     static std::size_t at(int index) { return static_cast<std::size_t>(index); }
 

@@ -12,7 +12,9 @@ namespace windows {
 
 class LogWindow final : public platform::Log {
   public:
-    LogWindow(Toolkit& toolkit, frmShowReadme& window) : toolkit_(toolkit), window_(window) {}
+    /// The bar shows the work's progress in the other window while this one is closed.
+    LogWindow(Toolkit& toolkit, frmShowReadme& window, ProgressBar& barElsewhere)
+        : toolkit_(toolkit), window_(window), barElsewhere_(barElsewhere) {}
 
     /// Whether the window shows before its first text or with it.
     enum class Shows { atOnce, withText };
@@ -26,6 +28,7 @@ class LogWindow final : public platform::Log {
     /// Lets the windows live, also where no log is open. A user who closes the log hides it and
     /// stops nothing.
     void breathe() override;
+    void progress(std::size_t done, std::size_t all) override;
 
     /// A question that was answered by an earlier one. The next log begins with those that came
     /// while none was open.
@@ -34,6 +37,7 @@ class LogWindow final : public platform::Log {
   private:
     Toolkit& toolkit_;
     frmShowReadme& window_;
+    ProgressBar& barElsewhere_;
     bool isOpen_ = false;
     bool hasText_ = false;
     std::vector<std::string> answeredAlike_;

@@ -17,6 +17,7 @@ struct MessageBox {
     bool offersSameForRest = false; ///< shows the check "Do the same for the rest"
     std::size_t defaultButton = 0;  ///< the place among the buttons of the one that Enter presses
     std::string detail = {};        ///< a reason, shown below the text
+    bool warns = false;             ///< something is wrong
 };
 
 struct MessageAnswer {
@@ -66,6 +67,10 @@ class Toolkit {
     /// The same for any number of files; none where the user cancels.
     virtual std::vector<std::string> askForFiles(const FileDialog& dialog) = 0;
     virtual std::optional<std::string> askForFolder(const FileDialog& dialog) = 0;
+    /// Asks for a file, which `name` is offered for, and writes the text there. Gives back why that
+    /// failed; nothing where it worked or the user cancels.
+    virtual std::string saveText(const FileDialog& dialog, const std::string& name,
+                                 const std::string& text) = 0;
     virtual void setClipboard(const std::string& text) = 0;
 
     /// Paints, lets timers tick and notes wishes; no action of the user runs. Cheap enough for the

@@ -1,0 +1,42 @@
+// Which items of the catalogue's list are shown, and in which order.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include <QSortFilterProxyModel>
+
+#include "mark_list_view.h"
+
+namespace views {
+
+class MarkListRows final : public QSortFilterProxyModel {
+    Q_OBJECT
+
+  public:
+    MarkListRows(const windows::MarkList& list, QObject* parent);
+
+    void setFilter(const QString& text);
+    void setSearchesAbout(bool searches);
+    void setOrder(MarkListView::Order order);
+    /// The items are others now: what was known of them is not.
+    void forget();
+
+  protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+    bool lessThan(const QModelIndex& one, const QModelIndex& other) const override;
+
+  private:
+    std::int64_t dateOf(int item) const;
+    const QString& aboutOf(int item) const;
+
+    const windows::MarkList& list_;
+    QString filter_;
+    bool searchesAbout_ = false;
+    MarkListView::Order order_ = MarkListView::Order::asListed;
+    /// Looked up when they are first asked for.
+    mutable std::vector<std::optional<std::int64_t>> dates_;
+    mutable std::vector<std::optional<QString>> abouts_;
+};
+
+} // namespace views
