@@ -2,11 +2,11 @@
 #include <iostream>
 
 #include <QApplication>
-#include <QMessageBox>
 
 #include "commandline/commands.h"
 #include "platform/console.h"
 #include "platform/instance_lock.h"
+#include "views/doorbell.h"
 #include "views/qt_toolkit.h"
 #include "views/session_end.h"
 #include "views/style.h"
@@ -20,7 +20,7 @@ constexpr auto isRunningAlready = "Vexillum is already running in this directory
 int runCommand(const std::vector<std::string>& arguments) {
     platform::useConsoleOfCaller();
     const auto folder = platform::programFolder();
-    const auto lock = platform::lockFolder(folder);
+    const auto [lock, wasAnswered] = platform::lockFolder(folder, platform::Holder::isLeftAlone);
     if (!lock) {
         std::cerr << isRunningAlready << '\n';
         return commandline::failed;
@@ -38,14 +38,21 @@ int runWindows(int argc, char** argv) {
     views::applyStyle(application);
 
     const auto folder = platform::programFolder();
-    const auto lock = platform::lockFolder(folder);
+    views::QtToolkit toolkit;
+    const auto [lock, wasAnswered] = platform::lockFolder(folder, platform::Holder::isAsked);
+    if (wasAnswered)
+        return 0;
     if (!lock) {
-        QMessageBox::information(nullptr, windows::applicationTitle, isRunningAlready);
+        toolkit.showMessage({isRunningAlready, windows::applicationTitle, {"OK"}});
         return 1;
     }
+    const views::AnswersDoorbell doorbell(platform::hangDoorbell(folder), toolkit);
     const auto disk = platform::makeDisk();
     const auto programs = platform::makePrograms(*disk);
-    views::QtToolkit toolkit;
+    // Beside the other notes of the program, where there is a data tree at all.
+    const auto notes = folder + "/Vexillum/VXL-Misc";
+    if (disk->kindOf(notes) == platform::EntryKind::folder)
+        toolkit.rememberIn(notes + "/Windows.ini");
     const views::SessionEnd sessionEnd(toolkit);
     const auto arguments = QApplication::arguments().mid(1).join(' ');
     windows::frmMain main({*disk, toolkit, *programs, folder, platform::programName(),

@@ -43,6 +43,8 @@ void addRows(Event& state, const windows::Control& control) {
 Event stateOf(const windows::Control& control) {
     auto state = stateOf(static_cast<const windows::Element&>(control));
     addRows(state, control);
+    if (control.idle())
+        state["idle"] = true;
     if (const auto* item = dynamic_cast<const windows::MenuItem*>(&control))
         state["checked"] = item->checked();
     if (const auto* box = dynamic_cast<const windows::CheckBox*>(&control))

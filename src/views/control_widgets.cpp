@@ -22,7 +22,9 @@ windows::Action chooseTab(windows::TabStrip& control, int tab) {
 
 /// With the mark of an access key before the first such letter, if there is one.
 QString underlined(QString caption, QChar letter) {
-    const auto at = letter.isNull() ? -1 : caption.indexOf(letter, 0, Qt::CaseInsensitive);
+    auto at = letter.isNull() ? -1 : caption.indexOf(letter, 0, Qt::CaseSensitive);
+    if (at < 0 && !letter.isNull())
+        at = caption.indexOf(letter, 0, Qt::CaseInsensitive);
     return at < 0 ? caption : caption.insert(at, '&');
 }
 

@@ -18,6 +18,7 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -163,7 +164,8 @@ void MainView::showRest(bool rests) {
     if (rests || std::exchange(isFilled_, true))
         return;
     content_->show();
-    findChild<QWidget*>("lstList")->setFocus();
+    // The list follows in this same round of changes.
+    QTimer::singleShot(0, this, [this] { findChild<QWidget*>("lstList")->setFocus(); });
     const auto& tabs = main_.tspMain.captions();
     const auto* memory = toolkit_.memory();
     const auto tab = memory == nullptr ? 0U : memory->value("main/tab").toUInt();
@@ -240,14 +242,10 @@ QWidget* MainView::listSide() {
     column->addLayout(search);
     column->addWidget(list, 1);
     column->addLayout(undoBar());
-    auto* foot = tight<QHBoxLayout>();
-    foot->addWidget(link(main_.lblRename));
     auto* tally = label(main_.lblTally);
     tally->setProperty("quiet", true);
-    tally->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    tally->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    foot->addWidget(tally, 1);
-    column->addLayout(foot);
+    column->addWidget(tally);
+    column->addWidget(link(main_.lblRename), 0, Qt::AlignLeft);
     auto* menu = listMenu(list);
     more->setMenu(menu);
     list->setContextMenuPolicy(Qt::CustomContextMenu);

@@ -134,6 +134,19 @@ void QtToolkit::putOverOwner(WindowView& view) {
     view.move(below.center() - view.rect().center());
 }
 
+void QtToolkit::raise() {
+    QWidget* front = QApplication::activeModalWidget();
+    if (front == nullptr)
+        front = mainView_;
+    if (mainView_ == nullptr || front == nullptr)
+        return;
+    for (auto* window : {static_cast<QWidget*>(mainView_), front}) {
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        window->raise();
+    }
+    front->activateWindow();
+}
+
 void QtToolkit::closeMain() {
     if (mainView_ != nullptr)
         mainView_->close();

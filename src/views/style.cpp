@@ -4,12 +4,16 @@
 #include <QApplication>
 #include <QIcon>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleOption>
 
 #include "dark_desktop.h"
+
+/// Those of a static library come in only where they are asked for, outside of any namespace.
+static void loadResources() {
+    Q_INIT_RESOURCE(vexillum);
+}
 
 namespace views {
 namespace {
@@ -24,12 +28,13 @@ struct Colours {
     const char* accent;
     const char* onAccent;
     const char* hover;
+    const char* handle; ///< of a scroll bar
 };
 
 constexpr Colours light = {"#f4f5f7", "#ffffff", "#ffffff", "#c9ced6", "#1c2128",
-                           "#636c78", "#1f5fbf", "#ffffff", "#e6edf8"};
+                           "#636c78", "#1f5fbf", "#ffffff", "#e6edf8", "#8b95a3"};
 constexpr Colours dark = {"#1e2227", "#16191d", "#2a2f36", "#444c57", "#e4e7eb",
-                          "#98a2b0", "#5b9cf5", "#0d1218", "#303947"};
+                          "#98a2b0", "#5b9cf5", "#0d1218", "#303947", "#66717f"};
 
 bool desktopIsDark() {
     const auto window = QApplication::palette().color(QPalette::Window);
@@ -88,7 +93,33 @@ QPushButton#cmdGo:focus { border: 2px solid @text; }
 QPushButton#cmdGo:disabled { background: @border; color: @faint; }
 QLineEdit, QPlainTextEdit, QListView { background: @base; border: 1px solid @border;
                                        border-radius: 6px; }
-QLineEdit { padding: 5px 8px; }
+QLineEdit { padding: 5px 8px; min-height: 1.3em; }
+QComboBox { background: @base; border: 1px solid @border; border-radius: 6px; padding: 5px 8px;
+            min-height: 1.3em; }
+QComboBox:focus { border: 1px solid @accent; }
+QComboBox:disabled { color: @faint; }
+QComboBox::drop-down { border: none; width: 26px; }
+QComboBox::down-arrow { image: url(:/arrow.png); width: 12px; height: 12px; }
+QComboBox QAbstractItemView { background: @raised; border: 1px solid @border; padding: 2px; }
+QToolButton#listMenuButton { background: @raised; border: 1px solid @border; border-radius: 6px;
+                             padding: 5px 24px 5px 10px; min-height: 1.3em; }
+QToolButton#listMenuButton:hover { background: @hover; }
+QToolButton#listMenuButton:focus { border: 1px solid @accent; }
+QToolButton#listMenuButton:disabled { color: @faint; background: @window; }
+QToolButton#listMenuButton::menu-indicator { image: url(:/arrow.png); width: 12px; height: 12px;
+                                             subcontrol-origin: padding;
+                                             subcontrol-position: right center; right: 7px; }
+QLabel[quiet="true"] { color: @faint; font-weight: normal; }
+QScrollArea#content, QScrollArea#content > QWidget > QWidget { background: @window; }
+QScrollBar { background: transparent; border: none; }
+QScrollBar:vertical { width: 12px; }
+QScrollBar:horizontal { height: 12px; }
+QScrollBar::handle { background: @handle; border-radius: 4px; margin: 2px; }
+QScrollBar::handle:vertical { min-height: 28px; }
+QScrollBar::handle:horizontal { min-width: 28px; }
+QScrollBar::handle:hover { background: @faint; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 QPlainTextEdit { padding: 4px; }
 QLineEdit:focus, QPlainTextEdit:focus, QListView:focus { border: 1px solid @accent; }
 QLineEdit:disabled, QPlainTextEdit:disabled { color: @faint; }
@@ -97,6 +128,8 @@ QProgressBar { border: 1px solid @border; border-radius: 6px; text-align: center
 QProgressBar::chunk { background: @accent; border-radius: 5px; }
 QListView { padding: 4px; outline: none; }
 QListView::item { padding: 5px 4px; border-radius: 4px; color: @text; }
+QListView:disabled { background: @window; }
+QListView::item:disabled { color: @faint; }
 QListView::item:hover { background: @hover; }
 QListView::item:selected { background: @hover; color: @text; border: 1px solid @accent; }
 QTabBar::tab { padding: 8px 16px; margin: 0 2px; border-bottom: 3px solid transparent;
@@ -105,8 +138,9 @@ QTabBar::tab:hover { color: @text; }
 QTabBar::tab:selected { color: @text; font-weight: 600; border-bottom: 3px solid @accent; }
 QTabBar:focus { outline: none; }
 QTabBar::tab:selected:focus { background: @hover; }
-QLabel[badge="true"] { background: @hover; color: @faint; border-radius: 7px; padding: 1px 7px;
-                       font-size: 8pt; font-weight: 600; margin-right: 6px; }
+QLabel[badge="true"] { background: @hover; color: @faint; border-radius: 7px; padding: 0 7px;
+                       border: 1px solid @border; font-size: 8pt; font-weight: 600;
+                       margin-right: 6px; }
 QLabel[badge="true"][some="true"] { background: @accent; color: @onAccent; }
 QGroupBox { border: 1px solid @border; border-radius: 8px; margin-top: 0.7em; padding: 12px;
             font-weight: 600; }
@@ -119,6 +153,7 @@ QString styleSheetOf(const Colours& colours) {
     QString text = sheet;
     // The longer names come first, since "@base" is no head of another but "@text" might be one.
     text.replace("@onAccent", colours.onAccent);
+    text.replace("@handle", colours.handle);
     text.replace("@window", colours.window);
     text.replace("@raised", colours.raised);
     text.replace("@border", colours.border);
@@ -166,25 +201,6 @@ class Style final : public QProxyStyle {
     }
 };
 
-/// A banner on its cross-staff.
-QIcon icon() {
-    QPixmap picture(128, 128);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor("#7a5a2e"), 8, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(64, 10, 64, 120);
-    painter.drawLine(22, 24, 106, 24);
-    QPainterPath cloth;
-    cloth.addPolygon(QPolygonF({{28, 26}, {100, 26}, {100, 92}, {64, 78}, {28, 92}}));
-    cloth.closeSubpath();
-    painter.fillPath(cloth, QColor("#b3261e"));
-    painter.setPen(QPen(QColor("#f2c14e"), 6));
-    painter.drawLine(46, 42, 64, 68);
-    painter.drawLine(82, 42, 64, 68);
-    return {picture};
-}
-
 } // namespace
 
 void applyStyle(QApplication& application) {
@@ -192,7 +208,8 @@ void applyStyle(QApplication& application) {
     QApplication::setStyle(new Style("Fusion"));
     QApplication::setPalette(paletteOf(colours));
     application.setStyleSheet(styleSheetOf(colours));
-    QApplication::setWindowIcon(icon());
+    loadResources();
+    QApplication::setWindowIcon(QIcon(":/vexillum.ico"));
 }
 
 } // namespace views

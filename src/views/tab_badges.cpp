@@ -12,6 +12,7 @@ void showBadge(QTabBar& tabs, int tab, const windows::TabStrip::Badge& badge) {
     if (label == nullptr) {
         label = new QLabel(&tabs);
         label->setProperty("badge", true);
+        label->setAlignment(Qt::AlignCenter);
         tabs.setTabButton(tab, QTabBar::RightSide, label);
     }
     const auto text = badge.marked == 0
@@ -26,6 +27,9 @@ void showBadge(QTabBar& tabs, int tab, const windows::TabStrip::Badge& badge) {
     label->setAccessibleName(tabs.tabText(tab) + ": " + QString::number(badge.marked) + " of " +
                              QString::number(badge.all) + " marked");
     tabs.setTabToolTip(tab, label->accessibleName());
+    // The badge is no part of the strip for screen readers.
+    tabs.setAccessibleTabName(tab, tabs.tabText(tab) + ", " + QString::number(badge.marked) +
+                                       " of " + QString::number(badge.all) + " marked");
     label->adjustSize();
     // Has the strip measure the tab anew.
     tabs.setTabText(tab, tabs.tabText(tab));

@@ -35,8 +35,10 @@ class WorkingView final : public WindowView {
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        constexpr int border = 2;
+        painter.fillRect(rect(), palette().color(QPalette::Button));
+        painter.setPen(QPen(palette().color(QPalette::PlaceholderText), border));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette().color(QPalette::Highlight));
         const auto& marker = panel_.shpMove;

@@ -12,6 +12,7 @@ void LogWindow::open(const std::string& title, const std::string& heading, Shows
     window_.txtReadme.setText("");
     isOpen_ = true;
     hasText_ = false;
+    hasProgress_ = false;
     if (when == Shows::withText)
         return;
     toolkit_.show(window_);
@@ -45,9 +46,7 @@ void LogWindow::breathe() {
     if (!isOpen_ || !std::exchange(window_.closing.noted, false))
         return;
     toolkit_.hide(window_);
-    if (!window_.barDone.visible())
-        return;
-    barElsewhere_.setVisible(true);
+    barElsewhere_.setVisible(window_.barDone.visible());
 }
 
 /// Nobody sees more steps than there are dots.
@@ -57,8 +56,10 @@ void LogWindow::progress(std::size_t done, std::size_t all) {
         return;
     for (auto* bar : {&window_.barDone, &barElsewhere_})
         bar->setDone(done, all);
-    if (!window_.barDone.visible())
-        window_.barDone.setVisible(true);
+    if (std::exchange(hasProgress_, true))
+        return;
+    window_.barDone.setVisible(true);
+    barElsewhere_.setVisible(!window_.visible());
 }
 
 void LogWindow::tellAnsweredAlike(const std::string& text) {

@@ -89,7 +89,9 @@ class Program:
 
     def find(self, role, name):
         for node in everything_below(self.window):
-            if node.getRoleName() == role and node.name == name:
+            # A tab has the figures of its badge behind its caption.
+            is_tab = role == "page tab" and node.name.startswith(name + ", ")
+            if node.getRoleName() == role and (node.name == name or is_tab):
                 return node
         return None
 

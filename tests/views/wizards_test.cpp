@@ -55,8 +55,9 @@ TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
             EXPECT_EQ(find<QLineEdit>("txt2Where")->text().toStdString(),
                       game.folder() + test::shown("/Vexillum/Map-Old"));
             awaited = [] { return find<QLabel>("lbl2Files")->text().endsWith("copied."); };
-            test::drop(*find<QWidget>("frmAdd"), {QUrl::fromLocalFile(QString::fromStdString(
-                                                     game.folder() + "/drüben/maps"))});
+            test::drop(
+                *find<QWidget>("frmAdd"),
+                {QUrl::fromLocalFile(QString::fromStdString(game.folder() + "/drüben/maps"))});
         },
         [] {
             EXPECT_EQ(find<QLabel>("lbl2Files")->text(), "1 file copied.");
@@ -97,7 +98,8 @@ TEST_F(WindowTest, a_tam_release_is_imported) {
             find<QWidget>("frmTAM")->findChild<QPushButton*>("cmd1Next")->click();
         },
         [] {
-            EXPECT_EQ(find<QLineEdit>("txt2Loc")->text(), "TAM Unit Pack (*.pac)");
+            EXPECT_EQ(find<QLineEdit>("txt2Loc")->placeholderText(), "TAM Unit Pack (*.pac)");
+            EXPECT_EQ(find<QLineEdit>("txt2Loc")->text(), "");
             find<QPushButton>("cmd2Browse")->click();
         },
         [this] {

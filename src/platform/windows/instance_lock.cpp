@@ -49,27 +49,81 @@ HANDLE openMutex(const std::wstring& name, bool& isHeld) {
     return mutex;
 }
 
-} // namespace
-
-std::unique_ptr<InstanceLock> lockFolder(const std::string& folder) {
+bool lookAtFolder(const std::string& folder, RawEntry& entry) {
     const auto handle =
         windows::openEntry(windows::rawForm(absoluteFolder(folder)), Links::followed);
+    return handle && !windows::lookAtHandle(handle.get(), entry);
+}
+
+/// Of one user: another one's windows cannot be shown.
+std::wstring bellName(const RawEntry& folder, const wchar_t* what) {
+    return L"Local\\Vexillum " + std::wstring(what) + L" " +
+           std::to_wstring(folder.identity.device) + L" " + std::to_wstring(folder.identity.number);
+}
+
+class EventBell final : public Doorbell {
+  public:
+    EventBell(HANDLE rings, HANDLE answers) : rings_(rings), answers_(answers) {}
+    ~EventBell() override {
+        CloseHandle(rings_);
+        CloseHandle(answers_);
+    }
+
+    std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(rings_); }
+    void answer() override { SetEvent(answers_); }
+
+  private:
+    HANDLE rings_;
+    HANDLE answers_;
+};
+
+/// Rings and waits a moment. Windows shows only windows of programs that may come to the front.
+bool isAnswered(const RawEntry& folder) {
+    const HANDLE rings = OpenEventW(EVENT_MODIFY_STATE, FALSE, bellName(folder, L"rings").c_str());
+    const HANDLE answers = OpenEventW(SYNCHRONIZE, FALSE, bellName(folder, L"answers").c_str());
+    bool answered = false;
+    if (rings != nullptr && answers != nullptr) {
+        AllowSetForegroundWindow(ASFW_ANY);
+        SetEvent(rings);
+        answered =
+            WaitForSingleObject(answers, static_cast<DWORD>(betweenTries.count())) == WAIT_OBJECT_0;
+    }
+    for (const HANDLE event : {rings, answers})
+        if (event != nullptr)
+            CloseHandle(event);
+    return answered;
+}
+
+} // namespace
+
+LockOutcome lockFolder(const std::string& folder, Holder holder) {
     RawEntry entry;
-    if (!handle || windows::lookAtHandle(handle.get(), entry))
-        return std::make_unique<FolderLock>();
+    if (!lookAtFolder(folder, entry))
+        return {std::make_unique<FolderLock>()};
     const auto name = mutexName(entry);
     const auto end = std::chrono::steady_clock::now() + restartTakes;
     for (;;) {
         bool isHeld = false;
         const HANDLE mutex = openMutex(name, isHeld);
         if (!isHeld)
-            return std::make_unique<FolderLock>(mutex);
+            return {std::make_unique<FolderLock>(mutex)};
         if (mutex != nullptr)
             CloseHandle(mutex);
+        if (holder == Holder::isAsked && isAnswered(entry))
+            return {nullptr, true};
         if (std::chrono::steady_clock::now() > end)
-            return nullptr;
+            return {};
         std::this_thread::sleep_for(betweenTries);
     }
+}
+
+std::unique_ptr<Doorbell> hangDoorbell(const std::string& folder) {
+    RawEntry entry;
+    if (!lookAtFolder(folder, entry))
+        return nullptr;
+    const HANDLE rings = CreateEventW(nullptr, FALSE, FALSE, bellName(entry, L"rings").c_str());
+    const HANDLE answers = CreateEventW(nullptr, FALSE, FALSE, bellName(entry, L"answers").c_str());
+    return std::make_unique<EventBell>(rings, answers);
 }
 
 } // namespace platform

@@ -48,6 +48,9 @@ class QtToolkit : public windows::Toolkit {
     /// What is kept, or null.
     QSettings* memory() const { return memory_.get(); }
 
+    /// Brings the window that the user is at to the front.
+    void raise();
+
     /// As if the user closed the first window.
     void closeMain();
 

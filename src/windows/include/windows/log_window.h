@@ -40,6 +40,7 @@ class LogWindow final : public platform::Log {
     ProgressBar& barElsewhere_;
     bool isOpen_ = false;
     bool hasText_ = false;
+    bool hasProgress_ = false;
     std::vector<std::string> answeredAlike_;
 };
 
