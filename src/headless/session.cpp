@@ -1,7 +1,6 @@
 // What the user does goes straight to the controls.
 #include "headless/session.h"
 
-#include <fstream>
 #include <utility>
 
 #include "headless/gesture.h"
@@ -71,14 +70,11 @@ std::vector<std::string> SessionToolkit::askForFiles(const windows::FileDialog& 
     return {};
 }
 
+/// Asked for and not written.
 std::string SessionToolkit::saveText(const windows::FileDialog& dialog, const std::string& /*name*/,
-                                     const std::string& text) {
-    const auto path = askForFile(dialog);
-    if (!path)
-        return {};
-    std::ofstream file(*path, std::ios::binary);
-    file << text;
-    return file.flush() ? "" : "The file cannot be written.";
+                                     const std::string& /*text*/) {
+    askForFile(dialog);
+    return {};
 }
 
 void SessionToolkit::setClipboard(const std::string& text) {

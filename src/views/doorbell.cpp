@@ -17,7 +17,7 @@ AnswersDoorbell::AnswersDoorbell(std::unique_ptr<platform::Doorbell> bell, QtToo
         return;
 #ifdef Q_OS_WIN
     using Notifier = QWinEventNotifier;
-    auto waits = std::make_unique<Notifier>(reinterpret_cast<HANDLE>(bell_->handle()));
+    auto waits = std::make_unique<Notifier>(reinterpret_cast<Qt::HANDLE>(bell_->handle()));
 #else
     using Notifier = QSocketNotifier;
     auto waits = std::make_unique<Notifier>(bell_->handle(), QSocketNotifier::Read);

@@ -112,6 +112,7 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     content->setContentsMargins(margin, 4, margin, margin);
     content->setSpacing(margin);
     content->addWidget(tabBar(main_.tspMain));
+    sides_->setObjectName("sides");
     sides_->setHandleWidth(margin);
     sides_->setChildrenCollapsible(false);
     sides_->addWidget(listSide());
@@ -317,7 +318,8 @@ QMenu* MainView::listMenu(MarkListView* list) {
          {std::pair("In &Listed Order", Order::asListed), std::pair("By Na&me", Order::byName),
           std::pair("Ticked Fi&rst", Order::tickedFirst),
           std::pair("Ne&west First", Order::newestFirst)}) {
-        auto* action = menu->addAction(caption, list, [list, order] { list->setOrder(order); });
+        auto* action =
+            menu->addAction(caption, list, [list, wanted = order] { list->setOrder(wanted); });
         action->setCheckable(true);
         action->setChecked(order == Order::asListed);
         orders->addAction(action);

@@ -52,7 +52,7 @@ void LogWindow::breathe() {
 /// Nobody sees more steps than there are dots.
 void LogWindow::progress(std::size_t done, std::size_t all) {
     constexpr std::size_t steps = 500;
-    if (!isOpen_ || (done % (all / steps + 1) != 0 && done != all))
+    if (!isOpen_ || (hasProgress_ && done % (all / steps + 1) != 0 && done != all))
         return;
     for (auto* bar : {&window_.barDone, &barElsewhere_})
         bar->setDone(done, all);

@@ -1,11 +1,14 @@
 // Programs that really run.
+#include <atomic>
 #include <chrono>
 #include <filesystem>
+#include <future>
 #include <thread>
 
 #include <gtest/gtest.h>
 
 #include "platform/disk.h"
+#include "platform/instance_lock.h"
 #include "platform/programs.h"
 #include "support/game.h"
 #include "support/system.h"
@@ -34,6 +37,26 @@ TEST(Programs, are_seen_while_they_run) {
     EXPECT_TRUE(comesTo(true));
     EXPECT_FALSE(programs->isRunning(game.folder() + "\\other.exe"));
     EXPECT_TRUE(comesTo(false));
+}
+
+TEST(InstanceLock, who_holds_it_hears_the_next_one_and_answers) {
+    test::Game game;
+    const auto held = lockFolder(game.folder(), Holder::isLeftAlone);
+    ASSERT_TRUE(held.lock);
+    const auto bell = hangDoorbell(game.folder());
+    ASSERT_TRUE(bell);
+    std::atomic<bool> isDone = false;
+    // A thread that holds a lock might get it once more.
+    auto next = std::async(std::launch::async, [&] {
+        auto outcome = lockFolder(game.folder() + "/Vexillum/..", Holder::isAsked);
+        isDone = true;
+        return outcome.wasAnswered && !outcome.lock;
+    });
+    while (!isDone) {
+        bell->answer();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    EXPECT_TRUE(next.get());
 }
 
 } // namespace

@@ -244,13 +244,15 @@ TEST_F(WindowsDiskTest, hidden_files_stay_hidden_when_they_are_copied) {
 }
 
 TEST_F(WindowsDiskTest, a_folder_is_locked_whatever_name_leads_to_it) {
-    const auto lock = lockFolder(game.folder(), Holder::isLeftAlone).lock;
+    const auto lock = lockFolder(game.folder(), platform::Holder::isLeftAlone).lock;
     ASSERT_TRUE(lock);
     // A thread that holds a lock would get it once more.
     const auto isFree = [](const std::string& folder) {
-        return std::async(
-                   std::launch::async,
-                   [folder] { return lockFolder(folder, Holder::isLeftAlone).lock != nullptr; })
+        return std::async(std::launch::async,
+                          [folder] {
+                              return lockFolder(folder, platform::Holder::isLeftAlone).lock !=
+                                     nullptr;
+                          })
             .get();
     };
     EXPECT_FALSE(isFree(test::shown(game.folder() + "/Vexillum/..").replace(0, 1, "z")));

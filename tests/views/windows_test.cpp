@@ -1,15 +1,22 @@
 // The real windows without a screen: what a person clicks and types reaches the logic, and what the
 // logic sets is seen.
+#include <chrono>
 #include <csignal>
+#include <filesystem>
 
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QSplitter>
 
+#include "mark_list_view.h"
 #include "support/system.h"
 #include "views/session_end.h"
 #include "views/support/window_test.h"
@@ -237,7 +244,7 @@ TEST_F(WindowTest, keys_reach_tabs_and_buttons) {
             ASSERT_EQ(started.size(), 1U) << "Enter presses the button that has the focus";
             EXPECT_TRUE(
                 QString::fromStdString(started[0])
-                    .endsWith(QString::fromStdString(test::shown("/VXL-Help/Index.html") + '"')));
+                    .endsWith(QString::fromStdString(test::shown("/VXL-Help/AI.html") + '"')));
             find<QPlainTextEdit>("txtAbout")->setFocus();
             key(find<QPlainTextEdit>("txtAbout"), Qt::Key_Return);
             find<QPushButton>("cmdGo")->setFocus();
@@ -246,6 +253,187 @@ TEST_F(WindowTest, keys_reach_tabs_and_buttons) {
     });
     ASSERT_EQ(started.size(), 2U) << "and no other in its place";
     EXPECT_EQ(started[1], game.folder() + test::shown("/totala.exe"));
+}
+
+TEST_F(WindowTest, keys_look_at_releases_and_only_space_and_enter_tick) {
+    for (const auto* map : {"Ashap", "Greenhaven", "Twin Lakes"})
+        game.put(std::string("Vexillum/Map-") + map + "/info.txt", map);
+    const auto about = [] { return find<QPlainTextEdit>("txtAbout")->toPlainText(); };
+    auto* const& main = window;
+    run({
+        [] { chooseTab(4); },
+        [] {
+            auto* list = find<QListView>("lstList");
+            list->setCurrentIndex(list->model()->index(0, 0));
+            key(list, Qt::Key_End);
+        },
+        [&] {
+            EXPECT_EQ(about(), "Twin Lakes\n");
+            EXPECT_TRUE(find<QPushButton>("lblRename")->isEnabled());
+            key(find<QListView>("lstList"), Qt::Key_G, "g");
+        },
+        [&] {
+            EXPECT_EQ(about(), "Greenhaven\n");
+            EXPECT_EQ(main->lstList.markedCount(), 0);
+            key(find<QListView>("lstList"), Qt::Key_Return);
+        },
+        [&] {
+            EXPECT_TRUE(main->lstList.marked(1));
+            auto* list = find<QListView>("lstList");
+            test::click(list->viewport(), list->visualRect(list->model()->index(0, 0)).center(),
+                        Qt::RightButton);
+        },
+        [&] {
+            EXPECT_EQ(about(), "Ashap\n");
+            EXPECT_EQ(main->lstList.markedCount(), 1);
+            EXPECT_TRUE(find<QLabel>("lblTally")->text().startsWith("1 file, 5 bytes"));
+            find<QWidget>("frmMain")->close();
+        },
+    });
+    EXPECT_TRUE(started.empty()) << "Enter in the list launches nothing";
+}
+
+TEST_F(WindowTest, many_are_ticked_at_once_and_cleared_ticks_come_back) {
+    for (const auto* map : {"Ashap", "Great Divide", "Greenhaven"})
+        game.makeFolder(std::string("Vexillum/Map-") + map);
+    game.put("Vexillum/TC-Cavedog TA/ccodes.txt", "TA\r\n");
+    game.put("Vexillum/Map-Ashap/ccodes.txt", "Other\r\n");
+    auto* const& main = window;
+    const auto choose = [](const QString& caption) {
+        for (auto* action : find<QMenu>("listMenu")->actions())
+            if (action->text().remove('&') == caption)
+                return action->trigger();
+        ADD_FAILURE() << caption.toStdString();
+    };
+    run({
+        [] { chooseTab(4); },
+        [&] {
+            find<QLineEdit>("filter")->setText("GRE");
+            choose("Tick All That The Filter Shows");
+        },
+        [&] {
+            EXPECT_EQ(main->lstList.markedCount(), 2);
+            find<QLineEdit>("filter")->clear();
+            choose("Tick All");
+        },
+        [&] {
+            auto* box = find<QMessageBox>("messageBox");
+            ASSERT_NE(box, nullptr);
+            EXPECT_TRUE(box->text().startsWith("1 of the 1 Maps are not listed as compatible"));
+            EXPECT_EQ(box->icon(), QMessageBox::Question);
+            key(box, Qt::Key_Escape);
+        },
+        [&] {
+            EXPECT_EQ(main->lstList.markedCount(), 3) << "Escape has said No";
+            choose("Tick None");
+        },
+        [&] {
+            EXPECT_EQ(main->lstList.markedCount(), 0);
+            EXPECT_EQ(find<QLabel>("lblUndo")->text(), "3 ticks were cleared.");
+            for (auto* shortcut : find<QWidget>("frmMain")->findChildren<QShortcut*>())
+                if (shortcut->key() == QKeySequence(QKeySequence::Undo))
+                    Q_EMIT shortcut->activated();
+        },
+        [&] {
+            EXPECT_EQ(main->lstList.markedCount(), 3);
+            find<QPushButton>("cmdRevert")->click();
+        },
+        [&] {
+            EXPECT_EQ(main->lstList.markedCount(), 0);
+            find<QWidget>("frmMain")->close();
+        },
+    });
+}
+
+TEST_F(WindowTest, the_list_is_sorted_and_searched_as_wished) {
+    using Order = views::MarkListView::Order;
+    const std::vector<std::pair<const char*, int>> maps = {
+        {"Ashap", 2}, {"Greenhaven", 3}, {"Twin", 1}};
+    for (const auto& [map, age] : maps) {
+        game.put(std::string("Vexillum/Map-") + map + "/info.txt", std::string("About ") + map);
+        std::filesystem::last_write_time(game.folder() + "/Vexillum/Map-" + map + "/info.txt",
+                                         std::filesystem::file_time_type::clock::now() -
+                                             std::chrono::hours(age));
+    }
+    game.put("Vexillum/Map-Misc/zeta.ufo", "");
+    const auto rows = [] { return rowsOf(*find<QListView>("lstList")); };
+    run({
+        [] { chooseTab(4); },
+        [] { clickRow(3); },
+        [&] {
+            auto* list = find<views::MarkListView>("lstList");
+            EXPECT_EQ(rows(), QStringList({"Ashap", "Greenhaven", "zeta.ufo", "Twin"}));
+            list->setOrder(Order::byName);
+            EXPECT_EQ(rows(), QStringList({"Ashap", "Greenhaven", "Twin", "zeta.ufo"}));
+            list->setOrder(Order::tickedFirst);
+            EXPECT_EQ(rows(), QStringList({"Twin", "Ashap", "Greenhaven", "zeta.ufo"}));
+            list->setOrder(Order::newestFirst);
+            EXPECT_EQ(rows(), QStringList({"zeta.ufo", "Twin", "Ashap", "Greenhaven"}));
+            list->setOrder(Order::asListed);
+            list->setFilter("about gre");
+            EXPECT_EQ(rows(), QStringList());
+            list->setSearchesAbout(true);
+            EXPECT_EQ(rows(), QStringList("Greenhaven"));
+            find<QWidget>("frmMain")->close();
+        },
+    });
+}
+
+TEST_F(WindowTest, places_are_remembered_and_no_window_is_larger_than_the_screen) {
+    game.makeFolder("Vexillum/Map-Ashap");
+    const auto notes = game.folder() + "/Vexillum/VXL-Misc/Windows.ini";
+    const auto start = [&](std::vector<std::function<void()>> steps) {
+        remembers = notes;
+        run(std::move(steps));
+    };
+    const auto screen = QApplication::primaryScreen()->availableGeometry().size();
+    start({[&] {
+               auto* main = find<QWidget>("frmMain");
+               EXPECT_LE(main->minimumSizeHint().width(), 640);
+               main->setGeometry(30, 40, 700, 500);
+               find<QSplitter>("sides")->setSizes({300, 376});
+               chooseTab(4);
+           },
+           [] { find<QWidget>("frmMain")->close(); }});
+    start({[&] {
+               auto* main = find<QWidget>("frmMain");
+               EXPECT_EQ(main->size(), QSize(700, 500));
+               EXPECT_EQ(main->pos(), QPoint(30, 40));
+               EXPECT_NEAR(find<QSplitter>("sides")->sizes().front(), 300, 10);
+           },
+           [] {
+               EXPECT_EQ(find<QTabBar>("tspMain")->currentIndex(), 4);
+               find<QWidget>("frmMain")->setGeometry(5000, 5000, 4000, 3000);
+           },
+           [] { find<QWidget>("frmMain")->close(); }});
+    start({[&] {
+        const auto* main = find<QWidget>("frmMain");
+        EXPECT_LE(main->width(), screen.width());
+        EXPECT_LE(main->height(), screen.height());
+        EXPECT_TRUE(QRect(QPoint(), screen).contains(main->pos()));
+        find<QWidget>("frmMain")->close();
+    }});
+}
+
+TEST_F(WindowTest, access_keys_are_each_of_one_command_and_text_keys_stay_with_the_text) {
+    run({[] {
+        QString letters;
+        auto* main = find<QWidget>("frmMain");
+        for (const auto* menu : main->findChildren<QMenu*>())
+            if (menu->objectName().startsWith("mnu"))
+                letters += menu->title()[menu->title().indexOf('&') + 1].toUpper();
+        for (const auto* button : main->findChildren<QPushButton*>())
+            if (const auto at = button->text().indexOf('&'); at >= 0)
+                letters += button->text()[at + 1].toUpper();
+        EXPECT_EQ(letters.size(), 13) << letters.toStdString();
+        for (const auto letter : letters)
+            EXPECT_EQ(letters.count(letter), 1) << letters.toStdString();
+        QKeyEvent all(QEvent::ShortcutOverride, Qt::Key_A, Qt::ControlModifier);
+        all.ignore();
+        QApplication::sendEvent(find<QPlainTextEdit>("txtAbout"), &all);
+        EXPECT_TRUE(all.isAccepted());
+        main->close();
+    }});
 }
 
 TEST_F(WindowTest, every_control_has_its_widget_by_its_name) {

@@ -1,8 +1,6 @@
 // The script's user sits before the widgets; what they make of it comes back through `post`.
 #include "views/support/qt_session.h"
 
-#include <fstream>
-
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -115,9 +113,8 @@ std::optional<std::string> QtSessionToolkit::askForFolder(const windows::FileDia
 }
 
 std::string QtSessionToolkit::saveText(const windows::FileDialog& dialog,
-                                       const std::string& /*name*/, const std::string& text) {
-    if (const auto file = askForFile(dialog))
-        std::ofstream(*file, std::ios::binary) << text;
+                                       const std::string& /*name*/, const std::string& /*text*/) {
+    askForFile(dialog);
     return {};
 }
 

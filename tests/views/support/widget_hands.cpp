@@ -101,8 +101,7 @@ void drop(QWidget& view, const QList<QUrl>& files) {
 
 void click(QWidget* widget, const QPoint& at, Qt::MouseButton button) {
     for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        const Qt::MouseButtons held =
-            type == QEvent::MouseButtonPress ? button : Qt::NoButton;
+        const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? button : Qt::NoButton;
         QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
         QApplication::sendEvent(widget, &event);
     }

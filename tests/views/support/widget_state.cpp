@@ -128,7 +128,8 @@ class Comparison {
 
     bool usable(const windows::Control& control) const {
         const bool isFrame = dynamic_cast<const windows::Frame*>(&control) != nullptr;
-        return control.enabled() && !control.idle() && (isFrame || (window_.enabled() && !window_.resting()));
+        return control.enabled() && !control.idle() &&
+               (isFrame || (window_.enabled() && !window_.resting()));
     }
 
     static bool isHint(const windows::Control& control) {

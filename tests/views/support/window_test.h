@@ -25,6 +25,8 @@ class WindowTest : public testing::Test {
     void run(std::vector<std::function<void()>> steps) {
         views::QtToolkit qt;
         toolkit = &qt;
+        if (!remembers.empty())
+            qt.rememberIn(remembers);
         const auto disk = platform::makeDisk();
         headless::RecordedPrograms programs(
             *disk, [this](const auto& event) { started.push_back(event["command"]); });
@@ -69,6 +71,8 @@ class WindowTest : public testing::Test {
 
     static constexpr int mostTicks = 250;
     int patience = mostTicks;
+    /// Where places of windows are kept, if anywhere.
+    std::string remembers;
     test::Game game;
     views::QtToolkit* toolkit = nullptr;
     windows::frmMain* window = nullptr;
