@@ -37,4 +37,16 @@ mv "$game/vexillum/TC-Cavedog TA/info.txt" "$game/moved.txt"
 command --reset >/dev/null || { echo "the reset without a display fails"; status=1; }
 expect "vexillum/TC-Cavedog TA/info.txt" mine
 [ ! -e "$game/Vexillum" ] || { echo "a second data tree was made"; status=1; }
+
+# With an entry in the menu, from a directory whose name means something to shells and entries.
+odd="$game/50% of \$game's"
+mkdir "$odd"
+XDG_DATA_HOME=$game/share "$source/scripts/install" --menu "$odd" "$1" >/dev/null || status=1
+entry=$(echo "$game"/share/applications/vexillum-*.desktop)
+grep -qxF "Path=$odd" "$entry" || { echo "the entry has another path"; status=1; }
+grep -qF "Exec=\"$game/50%% of \\\\\$game's/Vexillum.exe\"" "$entry" || { cat "$entry"; status=1; }
+[ -s "$game/share/icons/hicolor/scalable/apps/vexillum.svg" ] || { echo "the icon is not there"; status=1; }
+if type desktop-file-validate >/dev/null 2>&1; then
+    desktop-file-validate "$entry" || status=1
+fi
 exit $status
