@@ -33,7 +33,8 @@ TEST(Programs, a_helper_that_is_missing_is_named_with_its_package) {
     const auto disk = makeDisk();
     const auto programs = makePrograms(*disk);
     game.put("game.exe", "MZ");
-    const std::string path = std::getenv("PATH");
+    const auto* before = std::getenv("PATH");
+    const std::string path = before == nullptr ? "" : before;
     ::setenv("PATH", game.folder().c_str(), 1);
     const auto reasonOf = [&](Command::Kind kind) {
         try {

@@ -108,26 +108,33 @@ void click(QWidget* widget, const QPoint& at, Qt::MouseButton button) {
 }
 
 void perform(const headless::Gesture& gesture, QWidget& view) {
-    switch (gesture.kind) {
-    case headless::Gesture::Kind::tab:
-        return chooseTab(gesture, view);
-    case headless::Gesture::Kind::mark:
-        return clickRow(gesture, view, Qt::LeftButton);
-    case headless::Gesture::Kind::read:
-        return clickRow(gesture, view, Qt::RightButton);
-    case headless::Gesture::Kind::drop:
-        return drop(view, {QUrl::fromLocalFile(views::shown(gesture.text))});
-    case headless::Gesture::Kind::escape:
-        return key(&view, Qt::Key_Escape);
-    case headless::Gesture::Kind::click:
-        return press(gesture, view);
-    case headless::Gesture::Kind::pick:
-        return pickRow(gesture, view);
-    case headless::Gesture::Kind::type:
-        return type(gesture, view);
-    case headless::Gesture::Kind::close:
-        view.close();
+    using Kind = headless::Gesture::Kind;
+    if (gesture.control == nullptr) {
+        if (gesture.kind == Kind::drop)
+            drop(view, {QUrl::fromLocalFile(views::shown(gesture.text))});
+        else if (gesture.kind == Kind::escape)
+            key(&view, Qt::Key_Escape);
+        else
+            view.close();
         return;
+    }
+    switch (gesture.kind) {
+    case Kind::tab:
+        return chooseTab(gesture, view);
+    case Kind::mark:
+        return clickRow(gesture, view, Qt::LeftButton);
+    case Kind::read:
+        return clickRow(gesture, view, Qt::RightButton);
+    case Kind::click:
+        return press(gesture, view);
+    case Kind::pick:
+        return pickRow(gesture, view);
+    case Kind::type:
+        return type(gesture, view);
+    case Kind::drop:
+    case Kind::close:
+    case Kind::escape:
+        break;
     }
 }
 
