@@ -58,6 +58,30 @@ void Selection::takeOut(ReleaseType type, std::string_view name) {
         releases::arrayRemove(names, name);
 }
 
+bool Selection::rename(ReleaseType type, std::string_view name, std::string_view newName) {
+    if (releases::infoOf(type).isSingle()) {
+        const bool chosen = theOne(type) == releases::folderForm(name);
+        if (chosen)
+            choose(type, releases::folderForm(newName));
+        return chosen;
+    }
+    const bool chosen = has(type, name);
+    StringArray renamed;
+    for (const auto& entry : namesOf(type))
+        renamed.add(entry == name ? std::string(newName) : entry);
+    arrayOf(type) = std::move(renamed);
+    return chosen;
+}
+
+bool Selection::forget(ReleaseType type, std::string_view name) {
+    if (releases::infoOf(type).isSingle())
+        return rename(type, name, releases::infoOf(type).defaultName);
+    const bool chosen = has(type, name);
+    if (chosen)
+        takeOut(type, name);
+    return chosen;
+}
+
 void Selection::revert() {
     for (const auto& info : releases::releaseTypes())
         if (info.isSingle())

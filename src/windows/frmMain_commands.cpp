@@ -40,10 +40,9 @@ void frmMain::lblRename_Click() {
     revertSels(true);
     if (const auto reason = store_.rename(currentType().type, oldName, newName); !reason.empty())
         return warn("The " + getLongSelType() + " could not be renamed.\r\n\r\n" + reason);
-    if (cleared_ && cleared_->selection.has(currentType().type, oldName)) {
-        cleared_->selection.takeOut(currentType().type, oldName);
-        cleared_->selection.add(currentType().type, newName);
-    }
+    newNames_.emplace(currentType().type, newName);
+    if (cleared_)
+        cleared_->selection.rename(currentType().type, oldName, newName);
     tell("\"" + releases::folderForm(oldName) + "\" has been successfully renamed to \"" +
          releases::folderForm(newName) +
          "\".\r\n\r\nThe new name will be visible next time you start Vexillum.");
@@ -70,8 +69,7 @@ void frmMain::cmdRemove_Click() {
         revertSels(true);
         removal = store_.remove(type, name);
     });
-    if (cleared_)
-        cleared_->selection.takeOut(type, name);
+    forgetCleared(type, name);
     for (auto& path : removal.left)
         path = platform::shownPath(path);
     if (!removal.reason.empty())

@@ -69,7 +69,7 @@ void frmMain::dropMissingNames() {
     const auto chosen = selection_.namesOf(type.type);
     platform::MessageRow missing;
     for (const auto& name : std::vector<std::string>(chosen.begin(), chosen.end())) {
-        if (there.contains(name))
+        if (there.contains(name) || newNames_.contains({type.type, name}))
             continue;
         show();
         ask_.tell(missingMessage(name, type), &missing);
@@ -189,6 +189,15 @@ void frmMain::noteCleared() {
         cleared_ = {selection_, ticks};
 }
 
+/// What is gone cannot be put back.
+void frmMain::forgetCleared(releases::ReleaseType type, const std::string& name) {
+    if (!cleared_ || !cleared_->selection.forget(type, name) || type == releases::ReleaseType::tc)
+        return;
+    if (--cleared_->ticks == 0)
+        cleared_.reset();
+    show(List::stays);
+}
+
 /// All is as it was, the total conversion too. What the modifier is to do stays.
 void frmMain::lblUndoLink_Click() {
     if (!cleared_)
@@ -197,7 +206,7 @@ void frmMain::lblUndoLink_Click() {
     selection_ = std::move(cleared_->selection);
     selection_.modifier = modifier;
     cleared_.reset();
-    opened_.assign(opened_.size(), false);
+    opened_.assign(opened_.size(), true);
     constexpr auto tc = releases::ReleaseType::tc;
     launched_ = selection_.theOne(tc);
     tcCCodes = store_.textsOf(tc, releases::displayForm(launched_))

@@ -41,6 +41,11 @@ class Selection {
     /// Takes out the first entry of exactly that name, or else of that name in another case;
     /// without one nothing changes.
     void takeOut(releases::ReleaseType type, std::string_view name);
+    /// A release has another name now, or is gone; both names as people see them. The order of
+    /// ticking stays, and of a type with one choice the default takes the place of one that is
+    /// gone. True where it was chosen.
+    bool rename(releases::ReleaseType type, std::string_view name, std::string_view newName);
+    bool forget(releases::ReleaseType type, std::string_view name);
     /// Back to the defaults. The settings of the modifier stay.
     void revert();
 

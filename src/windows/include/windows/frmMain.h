@@ -6,8 +6,10 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "cycle/last_launch.h"
@@ -175,6 +177,7 @@ class frmMain : public Window {
     void revertSels(bool refreshList);
     void cmdRevert_Click();
     void noteCleared();
+    void forgetCleared(releases::ReleaseType type, const std::string& name);
     void lblUndoLink_Click();
     const releases::TypeInfo& currentType() const;
     std::string getLongSelType() const;
@@ -236,6 +239,8 @@ class frmMain : public Window {
     std::optional<std::string> current_;
     Panes panes_;
     std::optional<Cleared> cleared_;
+    /// Releases that were renamed are listed at the next start, but not missing until then.
+    std::set<std::pair<releases::ReleaseType, std::string>> newNames_;
     std::optional<releases::Tally> tally_;
     /// Texts that were made empty for the editor, and go again where nobody has written into them.
     std::vector<std::string> madeTexts_;
