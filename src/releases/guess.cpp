@@ -2,12 +2,12 @@
 #include "releases/guess.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 #include <string_view>
 
 #include "formats/archive.h"
 #include "formats/display_name.h"
+#include "formats/game_files.h"
 #include "formats/zip.h"
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -19,13 +19,6 @@ namespace {
 constexpr std::size_t mostNames = 20'000;
 constexpr std::uint64_t largestPacked = 64U << 20U;
 constexpr int deepest = 8;
-
-bool isGameArchive(std::string_view name) {
-    constexpr std::array<std::string_view, 4> endings = {".ufo", ".hpi", ".ccx", ".gp3"};
-    return std::any_of(endings.begin(), endings.end(), [&](std::string_view ending) {
-        return platform::endsWithIgnoringCase(name, ending);
-    });
-}
 
 class Look {
   public:
@@ -45,7 +38,7 @@ class Look {
         platform::attempt([&] {
             if (platform::endsWithIgnoringCase(shown, ".zip"))
                 atZip(path);
-            else if (isGameArchive(shown))
+            else if (formats::isGameArchive(shown))
                 atArchive(disk_.mapFile(path)->bytes());
         });
     }
@@ -93,7 +86,7 @@ class Look {
             if (entry->isFolder || names_.size() >= mostNames)
                 continue;
             note(entry->path);
-            if (!isGameArchive(entry->path) || entry->size > largestPacked)
+            if (!formats::isGameArchive(entry->path) || entry->size > largestPacked)
                 continue;
             std::vector<std::uint8_t> bytes;
             zip.extract([&](std::string_view piece) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "formats/game_files.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "platform/write_batch.h"
@@ -48,7 +49,12 @@ ZipContents contentsOf(formats::ZipReader& archive) {
     const bool isOnly = std::all_of(members.begin(), members.end(), [&](const Member& member) {
         return topOf(member.path) == top && (member.isFolder || member.path.size() > top.size());
     });
-    if (isOnly)
+    // Files of the game lie below folders that it knows; its archives lie beside it.
+    const bool isPart = formats::isGameFolder(top) &&
+                        std::none_of(members.begin(), members.end(), [](const Member& member) {
+                            return formats::isGameArchive(member.path);
+                        });
+    if (isOnly && !isPart)
         contents.topFolder = top + "\\";
     return contents;
 }

@@ -109,12 +109,14 @@ QLineEdit* WindowView::lineEdit(windows::TextBox& control) {
         const bool isHint = !control.hint.empty() && control.text() == control.hint;
         widget->setPlaceholderText(shown(control.hint));
         if (const auto text = isHint ? QString() : shown(control.text()); widget->text() != text) {
+            const QSignalBlocker quiet(widget);
             widget->setText(text);
             widget->setCursorPosition(0);
         }
     });
-    // What is typed is state, not an event: the logic looks at it when a button is pressed.
-    connect(widget, &QLineEdit::textEdited, this,
+    // What is typed is state, not an event: the logic looks at it when a button is pressed. Screen
+    // readers change it without a key.
+    connect(widget, &QLineEdit::textChanged, this,
             [&control](const QString& text) { control.setText(entered(text)); });
     watchLeaving(control, widget);
     return widget;

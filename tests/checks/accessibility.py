@@ -2,8 +2,11 @@
 """Uses the real program as a screen reader does: by the accessibility tree alone.
 
 accessibility.py GAMEDIR: starts GAMEDIR/Vexillum.exe, checks that every control of the main window
-is there by its name, ticks the map "Twin Lakes" and launches.
+is there by its name, adds the map "Two Lakes" from GAMEDIR/lakes.zip, ticks and launches it, and at
+the next start removes it. That the game was started and the directory is plain again is looked up on
+the disk.
 """
+import os
 import subprocess
 import sys
 import time
@@ -37,6 +40,7 @@ EXPECTED = [
     ("push button", "(Edit CCodes)"),
     ("text", "Compatibility Codes"),
     *[("push button", name) for name in ("Add A New TC", "Help with TCs", "Remove This TC")],
+    ("separator", "Divider"),
     ("panel", "Current Setup:"),
     *[("text", name) for name in ("TC:", "AI:", "Races:", "Mods:", "Maps:", "Units:")],
     *[("push button", name) for name in (
@@ -45,6 +49,9 @@ EXPECTED = [
 ]
 # What a person can come to with the keys must say what it is.
 NAMELESS_IS_WRONG = {"push button", "text", "check box", "page tab", "menu item", "list", "menu bar"}
+
+# Pages of a wizard have buttons of the same name.
+SHOWN_ONLY = {"push button", "dialog"}
 
 
 def children(node):
@@ -74,60 +81,139 @@ def wait_for(what, look):
 
 
 class Program:
-    def __init__(self, folder):
-        self.process = subprocess.Popen([folder + "/Vexillum.exe"])
-        self.window = wait_for("main window", self._main_window)
+    """A run of the program: one that is started here, or the one that another has started."""
 
-    def _main_window(self):
+    def __init__(self, folder, started_by=None):
+        self.process = None if started_by else subprocess.Popen([folder + "/Vexillum.exe"])
+        self.application = wait_for("main window", lambda: self._application(started_by))
+        self.number = self.application.get_process_id()
+
+    def _application(self, started_by):
         for application in children(pyatspi.Registry.getDesktop(0)):
-            if application.get_process_id() != self.process.pid:
+            number = application.get_process_id()
+            if number == started_by.number if started_by else number != self.process.pid:
                 continue
             for window in children(application):
-                if any(node.name == "Cavedog TA" for node in everything_below(window)):
-                    return window
+                if any(node.name == "Current Setup:" for node in everything_below(window)):
+                    return application
         return None
 
     def find(self, role, name):
-        for node in everything_below(self.window):
+        for node in everything_below(self.application):
             # A tab has the figures of its badge behind its caption.
             is_tab = role == "page tab" and node.name.startswith(name + ", ")
             if node.getRoleName() == role and (node.name == name or is_tab):
-                return node
+                if role not in SHOWN_ONLY or node.getState().contains(pyatspi.STATE_SHOWING):
+                    return node
         return None
 
-    def press(self, role, name, action):
-        actions = wait_for(f'{role} "{name}"', lambda: self.find(role, name)).queryAction()
+    def wait_for(self, role, name):
+        return wait_for(f'{role} "{name}"', lambda: self.find(role, name))
+
+    def press(self, role, name, action="Press"):
+        actions = self.wait_for(role, name).queryAction()
         for index in range(actions.nActions):
             if actions.getName(index) == action:
                 actions.doAction(index)
                 return
         sys.exit(f'The {role} "{name}" cannot be told to {action}.')
 
+    def answer(self, text, button):
+        """A box that says so is answered."""
+        wait_for(f'message "{text}"', lambda: any(
+            node.getRoleName() in ("label", "alert", "dialog") and text in node.name
+            for node in everything_below(self.application)))
+        self.press("push button", button)
+
     def text_of(self, name):
         text = self.find("text", name).queryText()
         return text.getText(0, text.characterCount)
 
+    def write(self, name, text):
+        self.wait_for("text", name).queryEditableText().setTextContents(text)
 
-def main(folder):
-    program = Program(folder)
+    def wait_for_the_end(self):
+        if self.process:
+            if self.process.wait(PATIENCE) != 0:
+                sys.exit("The program has failed.")
+        else:
+            wait_for("end of the program", lambda: not os.path.exists(f"/proc/{self.number}"))
+
+
+def check_tree(program):
+    program.wait_for("check box", "Cavedog TA")
     missing = [f'{role} "{name}"' for role, name in EXPECTED if program.find(role, name) is None]
     nameless = [
-        node.getRoleName() for node in everything_below(program.window)
+        node.getRoleName() for node in everything_below(program.application)
         if node.getRoleName() in NAMELESS_IS_WRONG and not node.name
         and node.getState().contains(pyatspi.STATE_SHOWING)]
     if missing or nameless:
         sys.exit("Not in the tree: " + ", ".join(missing) + "\nWithout a name: " +
                  ", ".join(nameless))
 
-    program.press("page tab", "Maps", "Press")
-    wait_for("list of maps", lambda: program.find("label", "Available Maps:"))
-    program.press("check box", "Twin Lakes", "Toggle")
-    wait_for("check mark on the map", lambda: program.find("check box", "Twin Lakes").getState()
+
+def open_maps(program):
+    program.press("page tab", "Maps")
+    program.wait_for("label", "Available Maps:")
+
+
+def add_map(program, archive):
+    open_maps(program)
+    program.press("push button", "Add A New Map")
+    program.wait_for("dialog", "Add A Map")
+    program.write("Display Name:", "Two Lakes")
+    program.press("push button", "Next Step")
+    program.press("push button", "Copy Files Here...")
+    program.write("File name:", archive)
+    program.press("push button", "Open")
+    program.wait_for("label", "1 file copied.")
+    program.press("push button", "Next Step")
+    program.press("push button", "Finish")
+    program.answer("The Two Lakes Map has been added successfully!", "OK")
+    program.answer("It is suggested that you close and then restart", "Yes")
+
+
+def tick_and_launch(program):
+    open_maps(program)
+    program.press("check box", "Two Lakes", "Toggle")
+    wait_for("check mark on the map", lambda: program.find("check box", "Two Lakes").getState()
              .contains(pyatspi.STATE_CHECKED))
     wait_for("map in the summary", lambda: program.text_of("Maps:") == "1 3rd Party Maps Selected")
-    program.press("push button", "Apply Settings and Launch Cavedog TA", "Press")
-    if program.process.wait(PATIENCE) != 0:
-        sys.exit("The program has failed.")
+    program.press("push button", "Apply Settings and Launch Cavedog TA")
+    program.wait_for_the_end()
+
+
+def remove_map(program):
+    open_maps(program)
+    program.press("check box", "Two Lakes", "Toggle")
+    program.press("push button", "Remove This Map")
+    program.answer("Are you VERY VERY sure you want to remove the Two Lakes Map?", "Yes")
+    program.answer("The Two Lakes Map has been removed successfully.", "OK")
+    program.answer("It is suggested that you close and then restart", "Yes")
+
+
+def main(folder):
+    release = folder + "/Vexillum/Map-Two Lakes/maps/two.ota"
+    applied = folder + "/maps/two.ota"
+    first = Program(folder)
+    check_tree(first)
+    add_map(first, folder + "/lakes.zip")
+    first.wait_for_the_end()
+    tick_and_launch(Program(folder, started_by=first))
+    wait_for("map in its place", lambda: os.path.exists(applied))
+    wait_for("game", lambda: os.path.exists(folder + "/started"))
+
+    second = Program(folder)
+    if os.path.exists(applied) or not os.path.exists(release):
+        sys.exit("The directory was not made plain.")
+    remove_map(second)
+    second.wait_for_the_end()
+    if os.path.exists(folder + "/Vexillum/Map-Two Lakes"):
+        sys.exit("The map was not removed.")
+    last = Program(folder, started_by=second)
+    last.wait_for("label", "Available Maps:")
+    last.press("menu item", "Exit VXL")
+    last.wait_for_the_end()
 
 
 main(sys.argv[1])

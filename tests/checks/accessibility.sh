@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# accessibility.sh BUILD: a map is ticked and launched in the real window by what a screen reader has.
+# accessibility.sh BUILD: a map is added from a zip, ticked, launched, taken back and removed in the
+# real window by what a screen reader has.
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
 missing() {
@@ -13,21 +14,15 @@ done
 game=$(mktemp -d)
 trap 'rm -rf "$game"' EXIT
 cmake --install "$1" --component game --prefix "$game" >/dev/null || exit 1
-mkdir -p "$game/Vexillum/Map-Twin Lakes/maps"
-echo lake >"$game/Vexillum/Map-Twin Lakes/maps/twin.ota"
+mkdir "$game/maps" && echo lake >"$game/maps/two.ota"
+(cd "$game" && cmake -E tar cf lakes.zip --format=zip maps) && rm -r "$game/maps" || exit 1
 printf '#!/bin/sh\ntouch "$(dirname "$0")/started"\n' >"$game/totala.exe"
 chmod +x "$game/totala.exe"
 
 mkdir -m 700 "$game/run"
 QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=$game/run \
-    timeout 100 xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" dbus-run-session -- \
+    timeout 200 xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" dbus-run-session -- \
     /usr/bin/python3 "$here/accessibility.py" "$game" 2>"$game/errors" || {
     cat "$game/errors"
     exit 1
 }
-for _ in 1 2 3 4 5 6 7 8 9 10; do
-    [ -e "$game/started" ] && break
-    sleep 0.2
-done
-[ -e "$game/started" ] || { echo "the game was not started"; exit 1; }
-[ "$(cat "$game/maps/twin.ota")" = lake ] || { echo "the map is not in its place"; exit 1; }

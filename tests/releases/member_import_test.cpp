@@ -75,6 +75,10 @@ TEST_F(MemberImportTest, a_single_top_folder_of_an_archive_is_not_made) {
         {{{"Top/a", "a"}, {"readme.txt", "r"}}, {"Top/a", "readme.txt"}},
         {{{"One/a", "a"}, {"Two/b", "b"}}, {"One/a", "Two/b"}},
         {{{"single", "a"}}, {"single"}},
+        // The game looks for its files below folders of its own.
+        {{{"Maps/", ""}, {"Maps/a.ota", "a"}}, {"Maps/a.ota"}},
+        {{{"units/a.fbi", "a"}, {"units/deep/b", "b"}}, {"units/a.fbi", "units/deep/b"}},
+        {{{"maps/a.ufo", "a"}, {"maps/a.txt", "b"}}, {"a.ufo", "a.txt"}},
     };
     for (const auto& c : cases) {
         release += "er";
