@@ -161,6 +161,7 @@ QMenu* MainView::listMenu(MarkListView* list) {
     }
     menu->addSeparator();
     auto* about = menu->addAction("Filter &Searches About Texts Too");
+    about->setObjectName("searchesAbout");
     about->setCheckable(true);
     connect(about, &QAction::toggled, list, &MarkListView::setSearchesAbout);
     connect(menu, &QMenu::aboutToShow, this, [this, list, tick, all, none, some] {

@@ -1,9 +1,18 @@
 // Ties keep the order of the list.
 #include "mark_list_rows.h"
 
+#include <QElapsedTimer>
+
+#include "mark_list_model.h"
 #include "views/binding.h"
 
 namespace views {
+namespace {
+
+/// Of reading, in milliseconds: less than a person feels.
+constexpr qint64 atOnce = 10;
+
+} // namespace
 
 using Order = MarkListView::Order;
 
@@ -11,6 +20,7 @@ MarkListRows::MarkListRows(const windows::MarkList& list, QObject* parent)
     : QSortFilterProxyModel(parent), list_(list) {
     // A row that is ticked must not run away from under the mouse.
     setDynamicSortFilter(false);
+    connect(&reading_, &QTimer::timeout, this, &MarkListRows::readOn);
 }
 
 void MarkListRows::setFilter(const QString& text) {
@@ -32,12 +42,43 @@ void MarkListRows::setOrder(Order order) {
 void MarkListRows::forget() {
     dates_.clear();
     abouts_.clear();
+    reading_.stop();
 }
 
 bool MarkListRows::filterAcceptsRow(int row, const QModelIndex& /*parent*/) const {
     return filter_.isEmpty() ||
            sourceModel()->index(row, 0).data().toString().contains(filter_, Qt::CaseInsensitive) ||
-           (searchesAbout_ && aboutOf(row).contains(filter_, Qt::CaseInsensitive));
+           (searchesAbout_ && aboutHasFilter(row));
+}
+
+bool MarkListRows::aboutHasFilter(int item) const {
+    const auto at = static_cast<std::size_t>(item);
+    if (at < abouts_.size())
+        return abouts_[at].contains(filter_, Qt::CaseInsensitive);
+    if (!reading_.isActive())
+        reading_.start();
+    return false;
+}
+
+void MarkListRows::readOn() {
+    QElapsedTimer time;
+    time.start();
+    // Where the list is another one by now, its rows ask anew.
+    const bool isSame =
+        static_cast<const MarkListModel*>(sourceModel())->revision() == list_.revision();
+    const auto count = isSame ? static_cast<std::size_t>(list_.count()) : 0;
+    bool found = false;
+    while (abouts_.size() < count && time.elapsed() < atOnce) {
+        const auto& name = list_.itemText(static_cast<int>(abouts_.size()));
+        abouts_.push_back(list_.aboutOf ? shown(list_.aboutOf(name)) : QString());
+        found = found || abouts_.back().contains(filter_, Qt::CaseInsensitive);
+    }
+    if (abouts_.size() >= count)
+        reading_.stop();
+    if (found)
+        invalidateFilter();
+    if (!reading_.isActive())
+        Q_EMIT readAll();
 }
 
 bool MarkListRows::lessThan(const QModelIndex& one, const QModelIndex& other) const {
@@ -68,14 +109,6 @@ std::int64_t MarkListRows::dateOf(int item) const {
     if (!date)
         date = list_.dateOf ? list_.dateOf(list_.itemText(item)) : 0;
     return *date;
-}
-
-const QString& MarkListRows::aboutOf(int item) const {
-    abouts_.resize(static_cast<std::size_t>(list_.count()));
-    auto& about = abouts_[static_cast<std::size_t>(item)];
-    if (!about)
-        about = list_.aboutOf ? shown(list_.aboutOf(list_.itemText(item))) : QString();
-    return *about;
 }
 
 } // namespace views

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <QSortFilterProxyModel>
+#include <QTimer>
 
 #include "mark_list_view.h"
 
@@ -21,6 +22,11 @@ class MarkListRows final : public QSortFilterProxyModel {
     void setOrder(MarkListView::Order order);
     /// The items are others now: what was known of them is not.
     void forget();
+    /// Whether rows may come still: about texts are read bit by bit, never in the way of a key.
+    bool isReading() const { return reading_.isActive(); }
+
+  Q_SIGNALS:
+    void readAll();
 
   protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
@@ -28,7 +34,8 @@ class MarkListRows final : public QSortFilterProxyModel {
 
   private:
     std::int64_t dateOf(int item) const;
-    const QString& aboutOf(int item) const;
+    bool aboutHasFilter(int item) const;
+    void readOn();
 
     const windows::MarkList& list_;
     QString filter_;
@@ -36,7 +43,9 @@ class MarkListRows final : public QSortFilterProxyModel {
     MarkListView::Order order_ = MarkListView::Order::asListed;
     /// Looked up when they are first asked for.
     mutable std::vector<std::optional<std::int64_t>> dates_;
-    mutable std::vector<std::optional<QString>> abouts_;
+    /// Of the first items; the others are to be read.
+    std::vector<QString> abouts_;
+    mutable QTimer reading_;
 };
 
 } // namespace views

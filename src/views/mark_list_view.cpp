@@ -23,6 +23,7 @@ MarkListView::MarkListView(const windows::MarkList& list, Gestures gestures, QWi
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListView::clicked, this,
             [this](const QModelIndex& index) { toggle(index.row()); });
+    connect(rows_, &MarkListRows::readAll, viewport(), qOverload<>(&QWidget::update));
     connect(rows_, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& index) {
         QAccessible::State changed;
         changed.checked = true;
@@ -136,7 +137,7 @@ bool MarkListView::viewportEvent(QEvent* event) {
 
 void MarkListView::paintEvent(QPaintEvent* event) {
     QListView::paintEvent(event);
-    if (!wasFilled_ || rows_->rowCount() > 0)
+    if (!wasFilled_ || rows_->rowCount() > 0 || rows_->isReading())
         return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));

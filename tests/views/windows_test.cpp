@@ -373,6 +373,9 @@ TEST_F(WindowTest, the_list_is_sorted_and_searched_as_wished) {
             list->setFilter("about gre");
             EXPECT_EQ(rows(), QStringList());
             list->setSearchesAbout(true);
+            awaited = [&rows] { return !rows().empty(); };
+        },
+        [&] {
             EXPECT_EQ(rows(), QStringList("Greenhaven"));
             find<QWidget>("frmMain")->close();
         },
