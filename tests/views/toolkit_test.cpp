@@ -4,12 +4,17 @@
 #include <thread>
 
 #include <QAction>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
 
+#include "support/core.h"
 #include "views/support/window_test.h"
 #include "windows/frmShowReadme.h"
 #include "windows/frmWorking.h"
@@ -185,6 +190,57 @@ TEST_F(WindowTest, a_resting_window_greys_menus_and_filter_too) {
             find<QWidget>("frmMain")->close();
         },
     });
+}
+
+TEST(Reports, are_saved_as_they_are_shown_and_dialogs_begin_where_the_last_one_ended) {
+    const test::Game disk;
+    disk.makeFolder("reports");
+    views::QtToolkit toolkit;
+    windows::frmShowReadme window(toolkit);
+    test::ScriptedAnswers answers;
+    QString folder;
+    const auto saveAs = [&](const std::string& name) {
+        QTimer::singleShot(0, [&, name] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            EXPECT_EQ(dialog->windowTitle(), "Save Weapon IDs");
+            folder = dialog->directory().path();
+            dialog->findChild<QLineEdit*>("fileNameEdit")
+                ->setText(QString::fromStdString(disk.folder() + name));
+            static_cast<QDialog*>(dialog)->accept();
+        });
+        find<QPushButton>("cmdSave")->click();
+    };
+    std::vector<std::function<void()>> steps = {
+        [&] {
+            EXPECT_EQ(find<QLabel>("lblConflicts")->text(), "1 conflict: ID 3");
+            saveAs("/reports/all.txt");
+        },
+        [] { find<QCheckBox>("chkConflicts")->click(); },
+        [&] {
+            EXPECT_EQ(find<QPlainTextEdit>("txtReadme")->toPlainText(), "3 a b");
+            saveAs("/reports/some.txt");
+        },
+        [&] { saveAs("/none/all.txt"); },
+        [] { find<QPushButton>("cmdCopy")->click(); },
+        [] { find<QWidget>("frmShowReadme")->close(); },
+    };
+    std::size_t next = 0;
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, [&] {
+        if (qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) == nullptr &&
+            next < steps.size())
+            steps[next++]();
+    });
+    clock.start(40);
+    window.showReport("Weapon IDs", "Heading", {"1 -\r\n3 a b", "1 conflict: ID 3", "3 a b"},
+                      answers);
+    EXPECT_EQ(disk.content("reports/all.txt"), "1 conflict: ID 3\r\n\r\n1 -\r\n3 a b");
+    EXPECT_EQ(disk.content("reports/some.txt"), "1 conflict: ID 3\r\n\r\n3 a b");
+    EXPECT_EQ(folder.toStdString(), disk.folder() + "/reports");
+    EXPECT_EQ(QApplication::clipboard()->text(), "3 a b");
+    ASSERT_EQ(answers.asked.size(), 1U);
+    EXPECT_TRUE(answers.asked[0].starts_with("The report could not be saved.")) << answers.asked[0];
 }
 
 TEST(MessageBoxes, show_the_reason_below_and_begin_at_their_default_button) {

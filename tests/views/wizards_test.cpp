@@ -89,9 +89,11 @@ TEST_F(WindowTest, a_tam_release_is_imported) {
         [] { find<QWidget>("frmMain")->findChild<QAction*>("mnuUconverter")->trigger(); },
         [] { find<QMessageBox>("messageBox")->buttons().front()->click(); },
         [] {
-            for (const auto* name : {"cbo1TAMtype", "cbo1VXLtype"}) {
+            for (const auto& [name, label] : {std::pair("cbo1TAMtype", "lbl1TAMtype"),
+                                              std::pair("cbo1VXLtype", "lbl1VXLtype")}) {
                 auto* combo = find<QComboBox>(name);
                 EXPECT_EQ(combo->currentText(), "");
+                EXPECT_EQ(find<QLabel>(label)->buddy(), combo) << "which is told for the box";
                 combo->setCurrentIndex(5);
                 Q_EMIT combo->activated(5);
             }

@@ -95,8 +95,11 @@ void drop(QWidget& view, const QList<QUrl>& files) {
     QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&view, &enter);
     EXPECT_TRUE(enter.isAccepted());
+    const auto* hint = view.findChild<QWidget*>("dropHint");
+    EXPECT_TRUE(hint != nullptr && hint->isVisible()) << "nothing says what a drop would do";
     QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&view, &drop);
+    EXPECT_TRUE(hint == nullptr || !hint->isVisible());
 }
 
 void click(QWidget* widget, const QPoint& at, Qt::MouseButton button) {
