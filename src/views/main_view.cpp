@@ -65,7 +65,9 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     auto* content = new QVBoxLayout(content_);
     content->setContentsMargins(margin, 4, margin, margin);
     content->setSpacing(margin);
-    content->addWidget(tabBar(main_.tspMain));
+    auto* tabs = tabBar(main_.tspMain);
+    addTabKeys(tabs);
+    content->addWidget(tabs);
     sides_->setObjectName("sides");
     sides_->setHandleWidth(margin);
     sides_->setChildrenCollapsible(false);
@@ -96,6 +98,17 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     setTabOrder(findChild<QWidget*>("filter"), findChild<QWidget*>("listMenuButton"));
     setMinimumSize(smallest);
     resize(920, 680);
+}
+
+/// From wherever the focus is, round and round.
+void MainView::addTabKeys(QTabBar* tabs) {
+    for (const auto& [keys, step] : {std::pair("Ctrl+Tab", 1), std::pair("Ctrl+PgDown", 1),
+                                     std::pair("Ctrl+Shift+Tab", -1), std::pair("Ctrl+PgUp", -1)}) {
+        auto* shortcut = new QShortcut(QKeySequence(keys), this);
+        connect(shortcut, &QShortcut::activated, tabs, [tabs, to = step] {
+            tabs->setCurrentIndex((tabs->currentIndex() + to + tabs->count()) % tabs->count());
+        });
+    }
 }
 
 MainView::~MainView() {

@@ -9,6 +9,7 @@ class QLayout;
 class QMenu;
 class QMenuBar;
 class QSplitter;
+class QTabBar;
 
 namespace views {
 
@@ -31,6 +32,7 @@ class MainView final : public WindowView {
   private:
     QMenuBar* menuBar();
     QWidget* listSide();
+    void addTabKeys(QTabBar* tabs);
     QLineEdit* filterOf(MarkListView* list);
     QWidget* infoSide();
     QWidget* setupFrame();

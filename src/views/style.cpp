@@ -9,6 +9,7 @@
 #include <QStyleOption>
 
 #include "dark_desktop.h"
+#include "message_icons.h"
 
 /// Those of a static library come in only where they are asked for, outside of any namespace.
 static void loadResources() {
@@ -165,7 +166,7 @@ QString styleSheetOf(const Colours& colours) {
     return text;
 }
 
-/// Check boxes whose frame can be seen on a dark ground too.
+/// Check boxes whose frame can be seen on a dark ground too, and signs of its own for messages.
 class Style final : public QProxyStyle {
   public:
     using QProxyStyle::QProxyStyle;
@@ -176,6 +177,17 @@ class Style final : public QProxyStyle {
             drawCheck(*option, *painter);
         else
             QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        const auto palette = QApplication::palette();
+        if (icon == SP_MessageBoxQuestion)
+            return questionIcon(palette.color(QPalette::Highlight),
+                                palette.color(QPalette::HighlightedText));
+        if (icon == SP_MessageBoxWarning)
+            return warningIcon();
+        return QProxyStyle::standardIcon(icon, option, widget);
     }
 
   private:

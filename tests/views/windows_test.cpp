@@ -229,11 +229,27 @@ TEST_F(WindowTest, a_signal_to_end_applies_and_saves) {
     EXPECT_TRUE(started.empty());
 }
 
+void pressShortcut(const QString& keys) {
+    for (auto* shortcut : find<QWidget>("frmMain")->findChildren<QShortcut*>())
+        if (shortcut->key() == QKeySequence(keys))
+            Q_EMIT shortcut->activated();
+}
+
 TEST_F(WindowTest, keys_reach_tabs_and_buttons) {
     run({
         [] {
             auto* tabs = find<QTabBar>("tspMain");
             key(tabs, Qt::Key_Right);
+        },
+        [] {
+            EXPECT_EQ(find<QLabel>("lblList")->text(), "Available AIs:");
+            pressShortcut("Ctrl+Shift+Tab");
+            pressShortcut("Ctrl+PgUp");
+        },
+        [] {
+            EXPECT_EQ(find<QLabel>("lblList")->text(), "Available Units:");
+            pressShortcut("Ctrl+Tab");
+            pressShortcut("Ctrl+PgDown");
         },
         [] {
             EXPECT_EQ(find<QLabel>("lblList")->text(), "Available AIs:");
@@ -330,9 +346,7 @@ TEST_F(WindowTest, many_are_ticked_at_once_and_cleared_ticks_come_back) {
         [&] {
             EXPECT_EQ(main->lstList.markedCount(), 0);
             EXPECT_EQ(find<QLabel>("lblUndo")->text(), "3 ticks were cleared.");
-            for (auto* shortcut : find<QWidget>("frmMain")->findChildren<QShortcut*>())
-                if (shortcut->key() == QKeySequence(QKeySequence::Undo))
-                    Q_EMIT shortcut->activated();
+            pressShortcut("Ctrl+Z");
         },
         [&] {
             EXPECT_EQ(main->lstList.markedCount(), 3);
