@@ -77,8 +77,8 @@ void MarkListRows::readOn() {
         reading_.stop();
     if (found)
         invalidateFilter();
-    if (!reading_.isActive())
-        Q_EMIT readAll();
+    if (found || !reading_.isActive())
+        Q_EMIT readSome();
 }
 
 bool MarkListRows::lessThan(const QModelIndex& one, const QModelIndex& other) const {

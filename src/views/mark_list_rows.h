@@ -26,7 +26,8 @@ class MarkListRows final : public QSortFilterProxyModel {
     bool isReading() const { return reading_.isActive(); }
 
   Q_SIGNALS:
-    void readAll();
+    /// Rows may have come, or there are none to come any more.
+    void readSome();
 
   protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;

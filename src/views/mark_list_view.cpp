@@ -23,7 +23,7 @@ MarkListView::MarkListView(const windows::MarkList& list, Gestures gestures, QWi
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListView::clicked, this,
             [this](const QModelIndex& index) { toggle(index.row()); });
-    connect(rows_, &MarkListRows::readAll, viewport(), qOverload<>(&QWidget::update));
+    connect(rows_, &MarkListRows::readSome, this, &MarkListView::keepLooking);
     connect(rows_, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& index) {
         QAccessible::State changed;
         changed.checked = true;
@@ -35,10 +35,12 @@ MarkListView::MarkListView(const windows::MarkList& list, Gestures gestures, QWi
 
 void MarkListView::setFilter(const QString& text) {
     rows_->setFilter(text);
+    keepLooking();
 }
 
 void MarkListView::setSearchesAbout(bool searches) {
     rows_->setSearchesAbout(searches);
+    keepLooking();
 }
 
 void MarkListView::setOrder(Order order) {
@@ -74,13 +76,32 @@ const std::string& MarkListView::textOf(int row) const {
 // Where the list was filled anew since these rows were shown, the revision tells.
 
 void MarkListView::toggle(int row) {
-    if (rows_->index(row, 0).isValid())
-        gestures_.click(textOf(row), items_->revision());
+    if (!rows_->index(row, 0).isValid())
+        return;
+    look(row);
+    gestures_.click(textOf(row), items_->revision());
 }
 
 void MarkListView::read(int row) {
-    if (rows_->index(row, 0).isValid())
-        gestures_.read(textOf(row), items_->revision());
+    if (!rows_->index(row, 0).isValid())
+        return;
+    look(row);
+    gestures_.read(textOf(row), items_->revision());
+}
+
+void MarkListView::look(int row) {
+    looked_ = rows_->mapToSource(rows_->index(row, 0));
+}
+
+/// The row that goes has another take its place, which nobody has looked at.
+void MarkListView::keepLooking() {
+    viewport()->update();
+    const auto row = rows_->mapFromSource(looked_);
+    if (row == currentIndex())
+        return;
+    if (row.isValid())
+        return setCurrentIndex(row);
+    selectionModel()->clear();
 }
 
 void MarkListView::moveTo(int row) {

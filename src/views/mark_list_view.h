@@ -62,11 +62,15 @@ class MarkListView final : public QListView {
   private:
     const std::string& textOf(int row) const;
     void read(int row);
+    void look(int row);
+    void keepLooking();
 
     MarkListModel* items_;
     MarkListRows* rows_;
     const windows::MarkList& list_;
     Gestures gestures_;
+    /// The item that is looked at, shown or not.
+    QPersistentModelIndex looked_;
     bool wasFilled_ = false;
     QString noItems_;
     QString noMatch_;

@@ -119,11 +119,12 @@ class WizardView : public WindowView {
         for (auto* widget : news)
             row->addWidget(widget, 1);
         row->addStretch();
-        auto* cancelButton = button(cancel);
+        auto* cancelButton = button(cancel, 'C');
         row->addWidget(cancelButton);
         for (const auto& [back, next] : steps) {
-            auto* backButton = button(back);
-            auto* nextButton = button(next);
+            auto* backButton = button(back, 'P');
+            // Most go on, the last one finishes.
+            auto* nextButton = button(next, next.text().front());
             nextButton->setDefault(true);
             row->addWidget(backButton);
             row->addWidget(nextButton);
@@ -167,9 +168,9 @@ class AddView final : public WizardView {
         field(second, window.lbl2Where, where);
         findChild<QLabel*>("lbl2Where")->setWordWrap(true);
         auto* tools = new QHBoxLayout();
-        auto* files = button(window.cmd2Files);
+        auto* files = button(window.cmd2Files, 'F');
         tools->addWidget(files);
-        tools->addWidget(button(window.cmd2Folder));
+        tools->addWidget(button(window.cmd2Folder, 'A'));
         tools->addStretch();
         tools->addWidget(link(window.lbl2Copy));
         second->addLayout(tools);
@@ -192,7 +193,7 @@ class AddView final : public WizardView {
         auto* row = new QHBoxLayout();
         third->removeWidget(readme);
         row->addWidget(readme, 1);
-        row->addWidget(button(window.cmd3Browse));
+        row->addWidget(button(window.cmd3Browse, 'B'));
         third->addLayout(row);
         auto* codes = field(third, window.lbl3CCodes, lineEdit(window.txt3CCodes));
         third->addStretch();
@@ -232,7 +233,7 @@ class TamView final : public WizardView {
         auto* location = lineEdit(window.txt2Loc);
         location->setAccessibleName("TAM Data File");
         row->addWidget(location, 1);
-        auto* browse = button(window.cmd2Browse);
+        auto* browse = button(window.cmd2Browse, 'B');
         row->addWidget(browse);
         second->addLayout(row);
         second->addStretch();

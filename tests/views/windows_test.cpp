@@ -146,6 +146,8 @@ TEST_F(WindowTest, the_filter_hides_rows_and_changes_no_mark) {
             find<QLineEdit>("filter")->setText("GRE");
             EXPECT_EQ(rowsOf(*find<QListView>("lstList")),
                       QStringList({"Great Divide", "Greenhaven"}));
+            EXPECT_FALSE(find<QListView>("lstList")->currentIndex().isValid())
+                << "no other takes the place of the release that the panes show";
             key(find<QLineEdit>("filter"), Qt::Key_Return);
             auto* list = find<QListView>("lstList");
             EXPECT_EQ(list->currentIndex().row(), 0) << "Enter goes on in the list";
@@ -161,6 +163,7 @@ TEST_F(WindowTest, the_filter_hides_rows_and_changes_no_mark) {
             key(find<QLineEdit>("filter"), Qt::Key_Escape);
             EXPECT_EQ(find<QListView>("lstList")->model()->rowCount(), 4);
             auto* list = find<QListView>("lstList");
+            EXPECT_EQ(list->currentIndex().data().toString(), "Greenhaven") << "it is back";
             list->keyboardSearch("tw");
             EXPECT_EQ(list->currentIndex().data().toString(), "Twin Lakes");
             find<QLineEdit>("filter")->setText("Twin");

@@ -39,6 +39,10 @@ TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
             EXPECT_EQ(wizard->windowTitle(), "Add A Map");
             EXPECT_EQ(find<QComboBox>("cbo1Type")->currentText(), "Map");
             EXPECT_FALSE(find<QGroupBox>("fraS2")->isVisible());
+            for (const auto& [label, field] :
+                 {std::pair("lbl1Type", "cbo1Type"), std::pair("lbl1Name", "txt1Name")})
+                EXPECT_NEAR(find<QLabel>(label)->geometry().center().y(),
+                            find<QWidget>(field)->geometry().center().y(), 1);
             typeInto("txt1Name", "Old");
             EXPECT_EQ(find<QPlainTextEdit>("txt1About")->toPlainText(), "");
             find<QPlainTextEdit>("txt1About")->setFocus();
