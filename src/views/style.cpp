@@ -95,7 +95,7 @@ QPushButton#cmdGo:disabled { background: @border; color: @faint; }
 QLineEdit, QPlainTextEdit, QListView { background: @base; border: 1px solid @border;
                                        border-radius: 6px; }
 QLineEdit { padding: 5px 8px; min-height: 1.3em; }
-QComboBox { background: @base; border: 1px solid @border; border-radius: 6px; padding: 5px 8px;
+QComboBox { background: @base; border: 1px solid @border; border-radius: 6px; padding: 5px 10px;
             min-height: 1.3em; }
 QComboBox:focus { border: 1px solid @accent; }
 QComboBox:disabled { color: @faint; }

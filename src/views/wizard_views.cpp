@@ -90,8 +90,10 @@ class WizardView : public WindowView {
         auto* caption = label(name);
         caption->setBuddy(widget);
         const bool isHigh = qobject_cast<QPlainTextEdit*>(widget) != nullptr;
+        // A form lets a label grow a little only, and puts it at the top of what is left.
+        widget->ensurePolished();
         if (!isHigh)
-            caption->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+            caption->setMinimumHeight(widget->sizeHint().height());
         widget->setAccessibleName(shown(name.text()));
         rows->addRow(caption, widget);
         return widget;
