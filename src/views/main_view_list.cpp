@@ -22,7 +22,7 @@ namespace {
 /// Escape gives up the filter, Down and Enter go on in the list.
 class FilterEdit final : public QLineEdit {
   public:
-    FilterEdit(QListView* list, QWidget* parent) : QLineEdit(parent), list_(list) {
+    FilterEdit(MarkListView* list, QWidget* parent) : QLineEdit(parent), list_(list) {
         setObjectName("filter");
         setPlaceholderText("Filter (Ctrl+L)");
         setAccessibleName("Filter");
@@ -42,7 +42,7 @@ class FilterEdit final : public QLineEdit {
         case Qt::Key_Enter:
             list_->setFocus(Qt::OtherFocusReason);
             if (!list_->currentIndex().isValid())
-                list_->setCurrentIndex(list_->model()->index(0, 0));
+                list_->moveTo(0);
             return;
         default:
             QLineEdit::keyPressEvent(event);
@@ -50,7 +50,7 @@ class FilterEdit final : public QLineEdit {
     }
 
   private:
-    QListView* list_;
+    MarkListView* list_;
 };
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QTimer>
 
 #include "drop_hint.h"
 #include "views/qt_toolkit.h"
@@ -49,6 +50,14 @@ WindowView::WindowView(windows::Window& window, QtToolkit& toolkit)
 void WindowView::showRest(bool rests) {
     if (std::exchange(rests_, rests) == rests)
         return;
+    if (rests)
+        hadFocus_ = focusWidget();
+    else
+        // Its widget wakes in this same round of changes.
+        QTimer::singleShot(0, this, [this] {
+            if (hadFocus_ != nullptr && hadFocus_->isVisible() && hadFocus_->isEnabled())
+                hadFocus_->setFocus(Qt::OtherFocusReason);
+        });
     for (const auto& binding : bindings_)
         binding->changed();
     for (auto* widget : restToo_)

@@ -151,6 +151,10 @@ TEST_F(WindowTest, the_filter_hides_rows_and_changes_no_mark) {
             key(find<QLineEdit>("filter"), Qt::Key_Return);
             auto* list = find<QListView>("lstList");
             EXPECT_EQ(list->currentIndex().row(), 0) << "Enter goes on in the list";
+        },
+        [] {
+            auto* list = find<QListView>("lstList");
+            EXPECT_EQ(find<QLabel>("lblAbout")->text(), "About Great Divide:");
             key(list, Qt::Key_Down);
             key(list, Qt::Key_Space, " ");
         },
@@ -272,6 +276,20 @@ TEST_F(WindowTest, keys_reach_tabs_and_buttons) {
     });
     ASSERT_EQ(started.size(), 2U) << "and no other in its place";
     EXPECT_EQ(started[1], game.folder() + test::shown("/totala.exe"));
+}
+
+TEST_F(WindowTest, the_focus_comes_back_behind_work) {
+    run({
+        [] {
+            find<QLineEdit>("filter")->setFocus();
+            find<QWidget>("frmMain")->findChild<QAction*>("mnuUfilelister")->trigger();
+        },
+        [] { find<QWidget>("frmFList")->close(); },
+        [] {
+            EXPECT_EQ(find<QWidget>("frmMain")->focusWidget(), find<QLineEdit>("filter"));
+            find<QWidget>("frmMain")->close();
+        },
+    });
 }
 
 TEST_F(WindowTest, keys_look_at_releases_and_only_space_and_enter_tick) {

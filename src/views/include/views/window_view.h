@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTabBar>
 #include <QWidget>
@@ -90,6 +91,7 @@ class WindowView : public QWidget {
     std::vector<std::unique_ptr<Binding>> bindings_;
     std::vector<QWidget*> restToo_;
     DropHint* dropHint_ = nullptr;
+    QPointer<QWidget> hadFocus_; ///< before the window rested
     bool rests_ = false;
 };
 
