@@ -49,6 +49,16 @@ class FilterEdit final : public QLineEdit {
         }
     }
 
+    /// With nothing of its own to take back, Ctrl+Z is for the ticks.
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride && !isUndoAvailable() &&
+            static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+            event->ignore();
+            return false;
+        }
+        return QLineEdit::event(event);
+    }
+
   private:
     MarkListView* list_;
 };

@@ -77,7 +77,7 @@ QMenu::item:disabled { color: @faint; }
 QMenu::indicator { left: 7px; width: 13px; height: 13px; }
 QLabel[heading="true"] { font-weight: 600; padding: 2px 0; }
 QPushButton { background: @raised; border: 1px solid @border; border-radius: 6px;
-              padding: 6px 14px; min-height: 1.3em; }
+              padding: 6px 14px; min-height: 1.3em; outline: none; }
 QPushButton:hover { background: @hover; }
 QPushButton:pressed { background: @border; }
 QPushButton:focus { border: 2px solid @accent; padding: 5px 13px; }

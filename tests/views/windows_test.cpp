@@ -475,6 +475,15 @@ TEST_F(WindowTest, access_keys_are_each_of_one_command_and_text_keys_stay_with_t
         all.ignore();
         QApplication::sendEvent(find<QPlainTextEdit>("txtAbout"), &all);
         EXPECT_TRUE(all.isAccepted());
+        auto* filter = find<QLineEdit>("filter");
+        for (const bool hasText : {false, true}) {
+            if (hasText)
+                key(filter, 0, "a");
+            QKeyEvent undo(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+            undo.ignore();
+            QApplication::sendEvent(filter, &undo);
+            EXPECT_EQ(undo.isAccepted(), hasText) << "else it is for the ticks";
+        }
         main->close();
     }});
 }
