@@ -133,6 +133,7 @@ QListView:disabled { background: @window; }
 QListView::item:disabled { color: @faint; }
 QListView::item:hover { background: @hover; }
 QListView::item:selected { background: @hover; color: @text; border: 1px solid @accent; }
+QListView::item:selected:disabled { background: @window; color: @faint; border-color: @border; }
 QTabBar::tab { padding: 8px 16px; margin: 0 2px; border-bottom: 3px solid transparent;
                color: @faint; }
 QTabBar::tab:hover { color: @text; }
