@@ -95,7 +95,7 @@ void MemberImport::commit(platform::WriteBatch& files) {
         for (const auto& [folded, path] : written_)
             if (disk_.kindOf(folder_ + "\\" + path) == platform::EntryKind::none) {
                 isAnyMissing = true;
-                --result_.copied;
+                std::erase(result_.files, path);
                 tellOfFailure(path, failure.reason());
             }
         if (!isAnyMissing)
@@ -237,7 +237,7 @@ void MemberImport::write(const std::string& path,
             makeFolders(path.substr(0, cut));
         step(folder_ + "\\" + path);
         written_.emplace(platform::foldCase(path), path);
-        ++result_.copied;
+        result_.files.push_back(path);
     } catch (const platform::Failure& failure) {
         tellOfFailure(path, failure.reason());
     }

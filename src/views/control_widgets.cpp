@@ -201,6 +201,7 @@ QComboBox* WindowView::comboBox(windows::ComboBox& control) {
 
 QListWidget* WindowView::listBox(windows::ListBox& control) {
     auto* widget = new QListWidget(this);
+    widget->setUniformItemSizes(true);
     widget->setSelectionMode(QAbstractItemView::NoSelection);
     bind(control, widget, [&control, widget] {
         widget->clear();

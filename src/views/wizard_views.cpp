@@ -179,7 +179,9 @@ class AddView final : public WizardView {
         auto* drop = new QLabel("Files, folders and .zip archives can also be dropped here.", this);
         drop->setProperty("quiet", true);
         second->addWidget(drop);
-        second->addStretch();
+        auto* list = listBox(window.lst2Files);
+        list->setAccessibleName("Copied files");
+        second->addWidget(list, 1);
         auto* news = new QHBoxLayout();
         auto* copied = label(window.lbl2Files);
         copied->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);

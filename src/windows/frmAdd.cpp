@@ -168,6 +168,7 @@ void frmAdd::cmd1Next_Click() {
         return;
     }
     lbl2Files.setText("");
+    lst2Files.clear();
     isMade_ = true;
     GotoStep(2);
     copyTakenFiles();
@@ -220,12 +221,14 @@ void frmAdd::copyMembers(const std::vector<std::string>& paths) {
         toolkit_.doEvents();
         return !stops();
     });
-    const auto [copied, leftOut, failed] = import.copy(paths);
-    notCopied_ += failed;
-    copied_ += copied;
+    const auto result = import.copy(paths);
+    notCopied_ += result.failed;
+    copied_ += result.copied();
+    for (const auto& file : result.files)
+        lst2Files.add(platform::shownPath(file));
     bar2Files.setVisible(false);
-    lbl2Files.setText(countText(copied, "file") + " copied" +
-                      (leftOut > 0 ? ", " + std::to_string(leftOut) + " not" : "") +
+    lbl2Files.setText(countText(result.copied(), "file") + " copied" +
+                      (result.leftOut > 0 ? ", " + std::to_string(result.leftOut) + " not" : "") +
                       (stops() ? ", then stopped." : "."));
     cmd2Files.setText("Copy Files Here...");
     for (auto* button : {&cmd2Folder, &cmd2Prev, &cmd2Next, &cmdCancel})

@@ -27,7 +27,7 @@ class MemberImportTest : public testing::Test {
         });
         const auto result = members.copy(paths);
         leftOut = result.leftOut;
-        return result.copied;
+        return result.copied();
     }
     std::string outside(const std::string& path, const std::string& content) {
         game.put("outside/" + path, content);

@@ -65,6 +65,9 @@ TEST_F(WindowTest, a_release_is_added_by_typing_leaving_and_dropping) {
         },
         [] {
             EXPECT_EQ(find<QLabel>("lbl2Files")->text(), "1 file copied.");
+            ASSERT_EQ(find<QListWidget>("lst2Files")->count(), 1);
+            EXPECT_EQ(find<QListWidget>("lst2Files")->item(0)->text().toStdString(),
+                      test::shown("maps/a.ota"));
             key(find<QWidget>("frmAdd"), Qt::Key_Escape);
         },
         [] {

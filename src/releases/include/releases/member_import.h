@@ -53,7 +53,8 @@ class MemberImport {
 
     /// Numbers of files; an archive that cannot be read counts as one.
     struct Result {
-        int copied = 0;
+        std::vector<std::string> files; ///< those that were copied, below the release's folder
+        int copied() const { return static_cast<int>(files.size()); }
         int leftOut = 0; ///< all that was not copied
         int failed = 0;  ///< those of them that the user did not decline
     };

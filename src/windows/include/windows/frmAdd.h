@@ -51,6 +51,8 @@ class frmAdd : public Window {
     Label lbl2Copy{*this, "lbl2Copy", "(Copy Path to Clipboard)"};
     Button cmd2Files{*this, "cmd2Files", "Copy Files Here..."};
     Button cmd2Folder{*this, "cmd2Folder", "Copy A Folder Here..."};
+    /// What has been copied in this step, by its names in the release's folder.
+    ListBox lst2Files{*this, "lst2Files"};
     ProgressBar bar2Files{*this, "bar2Files"};
     Label lbl2Files{*this, "lbl2Files"};
     Button cmd2Prev{*this, "cmd2Prev", "Previous Step"};
