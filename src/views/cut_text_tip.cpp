@@ -20,6 +20,17 @@ struct ShownText {
     int room = 0;
 };
 
+/// An ampersand stands before the letter that is underlined, and before each that is meant.
+QString withoutAccessKey(const QString& caption) {
+    QString text;
+    for (qsizetype at = 0; at < caption.size(); ++at) {
+        if (caption[at] == '&' && at + 1 < caption.size())
+            ++at;
+        text += caption[at];
+    }
+    return text;
+}
+
 ShownText textOf(QWidget* widget) {
     if (const auto* label = qobject_cast<QLabel*>(widget))
         return {label->text(), label->contentsRect().width()};
@@ -35,7 +46,7 @@ ShownText textOf(QWidget* widget) {
         option.initFrom(button);
         const auto inner =
             button->style()->subElementRect(QStyle::SE_PushButtonContents, &option, button);
-        return {QString(button->text()).replace("&&", "&"), inner.width()};
+        return {withoutAccessKey(button->text()), inner.width()};
     }
     return {};
 }

@@ -6,15 +6,18 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
+#include <QToolTip>
 
 #include "mark_list_view.h"
 #include "support/system.h"
@@ -458,6 +461,30 @@ TEST_F(WindowTest, places_are_remembered_and_no_window_is_larger_than_the_screen
     }});
 }
 
+QString tipOf(QWidget* widget) {
+    QHelpEvent event(QEvent::ToolTip, {5, 5}, widget->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(widget, &event);
+    return QToolTip::text();
+}
+
+TEST_F(WindowTest, a_long_name_is_cut_where_it_stands_and_told_whole_by_a_tip) {
+    const std::string name(120, 'w');
+    game.makeFolder("Vexillum/TC-" + name);
+    run({
+        [] { clickRow(1); },
+        [&name] {
+            auto* main = find<QWidget>("frmMain");
+            const auto* go = find<QPushButton>("cmdGo");
+            EXPECT_LE(main->minimumSizeHint().width(), 640) << "it sets the width of nothing";
+            EXPECT_LE(go->width(), main->width() / 3);
+            const auto whole = QString::fromStdString(name);
+            EXPECT_EQ(tipOf(find<QPushButton>("cmdGo")), "Apply Settings\nand Launch\n" + whole);
+            EXPECT_EQ(tipOf(find<QLabel>("lblAbout")), "About " + whole + ":");
+            main->close();
+        },
+    });
+}
+
 TEST_F(WindowTest, access_keys_are_each_of_one_command_and_text_keys_stay_with_the_text) {
     run({[] {
         QString letters;
@@ -475,6 +502,8 @@ TEST_F(WindowTest, access_keys_are_each_of_one_command_and_text_keys_stay_with_t
         all.ignore();
         QApplication::sendEvent(find<QPlainTextEdit>("txtAbout"), &all);
         EXPECT_TRUE(all.isAccepted());
+        pressShortcut("F10");
+        EXPECT_NE(find<QWidget>("frmMain")->findChild<QMenuBar*>()->activeAction(), nullptr);
         auto* filter = find<QLineEdit>("filter");
         for (const bool hasText : {false, true}) {
             if (hasText)
