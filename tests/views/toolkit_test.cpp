@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,6 +16,7 @@
 #include <QTimer>
 
 #include "support/core.h"
+#include "support/system.h"
 #include "views/support/window_test.h"
 #include "windows/frmShowReadme.h"
 #include "windows/frmWorking.h"
@@ -237,7 +239,8 @@ TEST(Reports, are_saved_as_they_are_shown_and_dialogs_begin_where_the_last_one_e
                       answers);
     EXPECT_EQ(disk.content("reports/all.txt"), "1 conflict: ID 3\r\n\r\n1 -\r\n3 a b");
     EXPECT_EQ(disk.content("reports/some.txt"), "1 conflict: ID 3\r\n\r\n3 a b");
-    EXPECT_EQ(folder.toStdString(), disk.folder() + "/reports");
+    EXPECT_EQ(QDir::toNativeSeparators(folder).toStdString(),
+              disk.folder() + test::shown("/reports"));
     EXPECT_EQ(QApplication::clipboard()->text(), "3 a b");
     ASSERT_EQ(answers.asked.size(), 1U);
     EXPECT_TRUE(answers.asked[0].starts_with("The report could not be saved.")) << answers.asked[0];
