@@ -61,10 +61,32 @@ std::vector<std::size_t> move(releases::GameDirectory& game, const Journal& jour
     return failed;
 }
 
+Verdict settle(const ClashQuestion& clash, const Settled& settled, platform::Questions& questions,
+               platform::MessageRow& row) {
+    platform::Question question{clash.text(), {"Yes", "No"}};
+    for (const auto& [known, why] :
+         {std::pair(settled.chosen, Why::chosen),
+          std::pair<const Decisions*, Why>(settled.remembered, Why::remembered)})
+        if (const auto isForA = known == nullptr ? std::nullopt : known->isForA(clash)) {
+            questions.noteAnswered(question, *isForA ? 0 : 1);
+            return {*isForA, why};
+        }
+    const auto a = ownerOf(clash.a);
+    const auto b = ownerOf(clash.b);
+    bool remember = false;
+    // A release that is chosen twice is its own rival.
+    if (settled.remembered != nullptr && a != b)
+        question.remember = &remember;
+    const bool isForA = questions.ask(question, &row) == 0;
+    if (remember)
+        settled.remembered->decide({clash.a.toPath, isForA ? a : b, isForA ? b : a});
+    return isForA;
+}
+
 } // namespace
 
 Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
-              const Unfinished& unfinished) {
+              const Unfinished& unfinished, const Settled& settled) {
     const auto listings = [&](const std::string& path) {
         auto names = game.list(path.empty() ? game.TADir() : game.at(path));
         if (names && !unfinished.pending().moves.empty())
@@ -77,7 +99,7 @@ Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
     platform::MessageRow programs;
     return Plan::make(selection, listings,
                       {[&](const ClashQuestion& question) {
-                           return game.questions().askYesNo(question.text(), &clashes);
+                           return settle(question, settled, game.questions(), clashes);
                        },
                        [&](const ExeQuestion& question) {
                            return game.questions().askYesNo(question.text(), &programs);

@@ -53,11 +53,11 @@ void resolveClash(MoveList& moves, int idxA, int idxB, const Answers& answers,
         std::swap(idxA, idxB);
     if (moves[idxA].isGames())
         std::swap(idxA, idxB);
-    const bool isForA = answers.clash({moves[idxA], moves[idxB]});
+    const auto [isForA, why] = answers.clash({moves[idxA], moves[idxB]});
     const int winner = isForA ? idxA : idxB;
     const int loser = isForA ? idxB : idxA;
-    auto& clash = clashes.emplace_back(
-        Clash{moves[winner].toPath, moves[winner], moves[loser], Clash::Why::answered, {}});
+    auto& clash =
+        clashes.emplace_back(Clash{moves[winner].toPath, moves[winner], moves[loser], why, {}});
     if (moves[loser].isGames())
         clash.waitsAt = displace(moves, loser);
     else

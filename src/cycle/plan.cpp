@@ -151,7 +151,7 @@ void Plan::chooseExe(const Answers& answers) {
                 !platform::equalIgnoringCase(moves_[game].fromPath, gameProgram))
                 continue;
             clashes_.push_back(
-                {std::string(gameProgram), entry, moves_[game], Clash::Why::chosenAsGame, {}});
+                {std::string(gameProgram), entry, moves_[game], Why::chosenAsGame, {}});
             clashes_.back().waitsAt = displace(moves_, game);
             break;
         }

@@ -11,6 +11,7 @@ namespace cycle {
 namespace {
 
 constexpr std::string_view modifierFile = "selTrlx.txt";
+constexpr std::string_view answersFile = "Answers.txt";
 
 std::string pathOf(const releases::GameDirectory& game, std::string_view file) {
     return game.inDataTree("VXL-Sel\\" + std::string(file));
@@ -47,6 +48,23 @@ std::vector<std::string> readSels(const releases::GameDirectory& game, Selection
         selection.readText(info->type, textOf(info->selectionFile));
     selection.readModifierText(textOf(modifierFile));
     return unread;
+}
+
+std::string readAnswers(const releases::GameDirectory& game, Decisions& answers) {
+    const auto path = pathOf(game, answersFile);
+    answers.clear();
+    if (game.disk().kindOf(path) == platform::EntryKind::none)
+        return {};
+    try {
+        answers.readText(game.disk().readFile(path));
+    } catch (const platform::Failure& failure) {
+        return platform::shownPath(path) + ": " + failure.reason();
+    }
+    return {};
+}
+
+void saveAnswers(const releases::GameDirectory& game, const Decisions& answers) {
+    game.disk().replaceFile(pathOf(game, answersFile), answers.text());
 }
 
 void saveSels(const releases::GameDirectory& game, const Selection& selection) {

@@ -63,10 +63,14 @@ windows::MessageAnswer ScriptedUser::choose(const windows::MessageBox& box) {
         return result;
     auto answer = nextAnswer().value_or("");
     const auto line = "answer " + answer;
-    if (answer == "*" || answer.ends_with(" *")) {
-        result.sameForRest = box.offersSameForRest;
-        answer.resize(answer.size() - std::min<std::size_t>(answer.size(), 2));
-    }
+    for (const auto& [mark, offered, check] :
+         {std::tuple('*', box.offersSameForRest, &result.sameForRest),
+          std::tuple('+', box.offersRemembering, &result.remember),
+          std::tuple('*', box.offersSameForRest, &result.sameForRest)})
+        if (answer == std::string(1, mark) || answer.ends_with(std::string(" ") + mark)) {
+            *check = offered;
+            answer.resize(answer.size() - std::min<std::size_t>(answer.size(), 2));
+        }
     if (answer.empty())
         return result;
     const auto button = std::find(box.buttons.begin(), box.buttons.end(), answer);

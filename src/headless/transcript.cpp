@@ -37,6 +37,8 @@ Event messageEvent(const windows::MessageBox& box, const windows::MessageAnswer&
         event["default"] = box.buttons[box.defaultButton];
     if (!box.detail.empty())
         event["detail"] = shownText(box.detail);
+    if (answer.remember)
+        event["remembered"] = true;
     return event;
 }
 

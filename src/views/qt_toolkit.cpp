@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QSaveFile>
@@ -189,14 +190,21 @@ windows::MessageAnswer QtToolkit::showMessage(const windows::MessageBox& box) {
     QCheckBox same("Do the same for the rest");
     if (box.offersSameForRest)
         dialog.setCheckBox(&same);
+    // A box has room for one check of its own.
+    QCheckBox remember("Remember this");
+    remember.setObjectName("remember");
+    auto* rows = qobject_cast<QGridLayout*>(dialog.layout());
+    if (box.offersRemembering && rows != nullptr)
+        rows->addWidget(&remember, rows->rowCount(), 0, 1, rows->columnCount());
     dialog.exec();
+    remember.setParent(nullptr);
     const auto at = std::find(buttons.begin(), buttons.end(), dialog.clickedButton());
     const bool isAnswered = at != buttons.end();
     const bool sameForRest = box.offersSameForRest && same.isChecked();
     if (box.offersSameForRest)
         dialog.setCheckBox(nullptr);
     return {isAnswered ? static_cast<std::size_t>(at - buttons.begin()) : box.defaultButton,
-            sameForRest};
+            sameForRest, box.offersRemembering && remember.isChecked()};
 }
 
 std::optional<std::string> QtToolkit::askForText(const windows::InputBox& box) {

@@ -41,6 +41,9 @@ void frmMain::lblRename_Click() {
     if (const auto reason = store_.rename(currentType().type, oldName, newName); !reason.empty())
         return warn("The " + getLongSelType() + " could not be renamed.\r\n\r\n" + reason);
     newNames_.emplace(currentType().type, newName);
+    for (auto* decisions : {&chosen_, &answers_})
+        decisions->rename(currentType().type, oldName, newName);
+    saveAnswers();
     if (cleared_)
         cleared_->selection.rename(currentType().type, oldName, newName);
     tell("\"" + releases::folderForm(oldName) + "\" has been successfully renamed to \"" +
@@ -70,6 +73,9 @@ void frmMain::cmdRemove_Click() {
         removal = store_.remove(type, name);
     });
     forgetCleared(type, name);
+    for (auto* decisions : {&chosen_, &answers_})
+        decisions->forget(type, name);
+    saveAnswers();
     for (auto& path : removal.left)
         path = platform::shownPath(path);
     if (!removal.reason.empty())

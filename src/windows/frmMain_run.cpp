@@ -55,6 +55,7 @@ void frmMain::Init() {
     checkGameDirectory();
     store_.read();
     readSelection();
+    readAnswers();
     resetGameDirectory();
     takeBackCleared();
 }
@@ -121,6 +122,25 @@ void frmMain::readSelection() {
              platform::joinLines(unread));
 }
 
+void frmMain::readAnswers() {
+    const auto failure = cycle::readAnswers(game_, answers_);
+    savedAnswers_ = answers_.text();
+    if (!failure.empty())
+        warn("The remembered answers could not be read, so all is asked anew:\r\n\r\n" + failure);
+}
+
+void frmMain::saveAnswers() {
+    const auto text = answers_.text();
+    if (text == savedAnswers_)
+        return;
+    try {
+        cycle::saveAnswers(game_, answers_);
+        savedAnswers_ = text;
+    } catch (const platform::Failure& failure) {
+        warn(std::string("The answers could not be remembered.\r\n\r\n") + failure.what());
+    }
+}
+
 /// Where a journal is lost the selection stays on the disk too: it is what lies in the game
 /// directory.
 void frmMain::resetGameDirectory() {
@@ -163,7 +183,9 @@ void frmMain::tellOfDamage(const cycle::LastLaunch& last) {
 
 bool frmMain::moveFiles() {
     setResting(true);
-    const auto journal = cycle::makePlan(game_, selection_, unfinished_).journal();
+    const auto journal =
+        cycle::makePlan(game_, selection_, unfinished_, {&chosen_, &answers_}).journal();
+    saveAnswers();
     log_.open("Rearranging TA Directory...", "Updating for chosen settings...",
               LogWindow::Shows::withText);
     std::string problem;

@@ -171,14 +171,14 @@ TEST(Plan, keeps_every_clash_with_its_winner_and_why) {
     EXPECT_EQ(byGame.place, "UNITS\\A");
     EXPECT_EQ(byGame.winner.relName, "One");
     EXPECT_TRUE(byGame.loser.isGames());
-    EXPECT_EQ(byGame.why, Clash::Why::answered);
+    EXPECT_EQ(byGame.why, Why::answered);
     EXPECT_EQ(byGame.waitsAt, "Vexillum\\TC-Cavedog TA\\units\\a");
     const auto& byRelease = plan.clashes()[1];
     EXPECT_EQ(byRelease.winner.relName, "Two");
     EXPECT_EQ(byRelease.loser.fromPath, "Vexillum\\Mod-One\\UNITS\\A");
     EXPECT_EQ(byRelease.waitsAt, "");
     const auto& byExe = plan.clashes()[2];
-    EXPECT_EQ(byExe.why, Clash::Why::chosenAsGame);
+    EXPECT_EQ(byExe.why, Why::chosenAsGame);
     EXPECT_EQ(byExe.winner.fromPath, "Vexillum\\Mod-One\\race.exe");
     EXPECT_EQ(byExe.loser.fromPath, "TOTALA.EXE") << "the game's program, whatever its case";
     EXPECT_EQ(byExe.waitsAt, "Vexillum\\TC-Cavedog TA\\TOTALA.EXE");

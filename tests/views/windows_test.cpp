@@ -86,8 +86,10 @@ TEST_F(WindowTest, the_rest_of_a_row_can_be_answered_alike) {
         auto* box = find<QMessageBox>("messageBox");
         ASSERT_NE(box, nullptr);
         EXPECT_EQ(box->checkBox() != nullptr, offers);
-        if (same)
+        if (same) {
             box->checkBox()->setChecked(true);
+            box->findChild<QCheckBox*>("remember")->setChecked(true);
+        }
         for (auto* button : box->buttons())
             if (button->text() == caption)
                 button->click();
@@ -103,6 +105,12 @@ TEST_F(WindowTest, the_rest_of_a_row_can_be_answered_alike) {
     EXPECT_EQ(game.content("a"), "new");
     for (const auto* name : {"b", "c", "d", "e"})
         EXPECT_EQ(game.content(name), "game");
+    const auto remembered = game.content("Vexillum/VXL-Sel/Answers.txt").value_or("");
+    for (const auto* name : {"a", "b", "c", "d", "e"})
+        EXPECT_EQ(remembered.find(std::string("\n") + name + "\tTotal Conversion") !=
+                      remembered.npos,
+                  *name >= 'c')
+            << "the answer for the rest is remembered for each of them";
     EXPECT_TRUE(started.empty());
 }
 

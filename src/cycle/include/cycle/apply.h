@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "cycle/decisions.h"
 #include "cycle/plan.h"
 #include "cycle/selection.h"
 #include "cycle/unfinished.h"
@@ -11,11 +12,17 @@
 
 namespace cycle {
 
-/// Works the plan out and asks about every clash. Changes nothing on the disk, so the program may
-/// end in the middle of a question. Folders that cannot be listed count as empty; files that a
-/// reset could not move back count as nobody's.
+/// What need not be asked. Both may be null.
+struct Settled {
+    const Decisions* chosen = nullptr; ///< for this launch; goes first
+    Decisions* remembered = nullptr;   ///< takes in what the user wishes to be remembered
+};
+
+/// Works the plan out and asks about every clash that is not settled. Changes nothing on the disk,
+/// so the program may end in the middle of a question. Folders that cannot be listed count as
+/// empty; files that a reset could not move back count as nobody's.
 Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
-              const Unfinished& unfinished = {});
+              const Unfinished& unfinished = {}, const Settled& settled = {});
 
 /// Writes the journal and its state, makes the folders, moves the files; then runs `modifier`, if
 /// there is one. Where the reset before it lost a journal, the user is asked first, and the old

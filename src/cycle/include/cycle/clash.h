@@ -28,19 +28,31 @@ struct ExeQuestion {
     std::string text() const;
 };
 
-/// True for Yes. Both must be set. Nothing is changed while a plan is made, so an answer may take
-/// its time.
+/// How it came that one of two files gets the place.
+enum class Why {
+    answered,     ///< the user was asked about the two
+    chosen,       ///< he has chosen before the launch
+    remembered,   ///< he has answered that at an earlier launch
+    same,         ///< the two are one and the same, byte for byte
+    open,         ///< he will be asked
+    chosenAsGame, ///< the user took the winner for the game's own program
+};
+
+struct Verdict {
+    Verdict(bool forA, Why how = Why::answered) : isForA(forA), why(how) {}
+    bool isForA;
+    Why why;
+};
+
+/// Both must be set; true is for Yes. Nothing is changed while a plan is made, so an answer may
+/// take its time.
 struct Answers {
-    std::function<bool(const ClashQuestion&)> clash;
+    std::function<Verdict(const ClashQuestion&)> clash;
     std::function<bool(const ExeQuestion&)> exe;
 };
 
 /// A clash that is settled. Entries are copies: the plan has gone on since.
 struct Clash {
-    enum class Why {
-        answered,     ///< the user was asked about the two
-        chosenAsGame, ///< the user took the winner for the game's own program
-    };
     std::string place; ///< relative to the game directory
     moveEntry winner;  ///< as they were when they met
     moveEntry loser;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cycle/decisions.h"
 #include "cycle/selection.h"
 #include "releases/game_directory.h"
 
@@ -21,6 +22,12 @@ void saveSels(const releases::GameDirectory& game, const Selection& selection);
 /// Blanks all files, which marks that a run has begun. Fails as saveSels does. A power cut may
 /// bring the old ones back, whole.
 void killSels(const releases::GameDirectory& game);
+
+/// The answers that the user wished to be remembered, in a file that people can read and change.
+/// Without the file there are none. Reading fails with why, for a file that is there; writing
+/// throws Failure, with the old file whole.
+std::string readAnswers(const releases::GameDirectory& game, Decisions& answers);
+void saveAnswers(const releases::GameDirectory& game, const Decisions& answers);
 
 /// A selection as one text and back, without the modifier: a line for each name, behind its type.
 std::string textOf(const Selection& selection);

@@ -19,6 +19,8 @@ struct Question {
     std::string detail = {};
     /// It tells of something that is wrong.
     bool warns = false;
+    /// Where the answer can be remembered: set to whether the user wishes that.
+    bool* remember = nullptr;
 };
 
 /// A row of questions that ask the same of one file after the other. From the third one on the rest
@@ -43,10 +45,14 @@ class MessageRow {
     const std::optional<std::size_t>& answerForRest() const { return forRest_; }
     void noteShown() { ++shown_; }
     void answerRest(std::size_t button) { forRest_ = button; }
+    /// Whether the answer for the rest is one to remember.
+    bool remembersRest() const { return remembersRest_; }
+    void setRemembersRest(bool remembers) { remembersRest_ = remembers; }
 
   private:
     int shown_ = 0;
     bool hasLog_ = true;
+    bool remembersRest_ = false;
     std::optional<std::size_t> forRest_;
 };
 
@@ -60,6 +66,9 @@ class Questions {
     /// Returns the button's place, from 0. A row's question that is answered already is not asked
     /// again.
     virtual std::size_t ask(const Question& question, MessageRow* row = nullptr) = 0;
+
+    /// What need not be asked, since the answer is known. Whoever watches the work is told.
+    virtual void noteAnswered(const Question& /*question*/, std::size_t /*button*/) {}
 
     void tell(const std::string& text, MessageRow* row = nullptr) { ask({text, {"OK"}}, row); }
     void warn(const std::string& text, MessageRow* row = nullptr) {

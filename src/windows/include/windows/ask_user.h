@@ -15,6 +15,9 @@ class AskUser final : public platform::Questions {
     /// log tells of it.
     std::size_t ask(const platform::Question& question, platform::MessageRow* row) override;
 
+    /// A line of the log, as soon as there is one.
+    void noteAnswered(const platform::Question& question, std::size_t button) override;
+
   private:
     Toolkit& toolkit_;
     LogWindow& log_;

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "cycle/decisions.h"
 #include "cycle/last_launch.h"
 #include "cycle/plan.h"
 #include "cycle/selection.h"
@@ -152,6 +153,8 @@ class frmMain : public Window {
     void waitForGame();
     void checkGameDirectory();
     void readSelection();
+    void readAnswers();
+    void saveAnswers();
     void resetGameDirectory();
     void takeBackCleared();
     void tellOfDamage(const cycle::LastLaunch& last);
@@ -233,6 +236,11 @@ class frmMain : public Window {
     bool widcfRun = false;
     cycle::Selection selection_;
     cycle::Unfinished unfinished_;
+    /// What need not be asked at the launch.
+    cycle::Decisions chosen_;
+    cycle::Decisions answers_;
+    /// What the disk has of them.
+    std::string savedAnswers_;
     /// The names of the current tab's releases, in the order of the list.
     std::vector<std::string> listed_;
     /// The release at hand, of the current tab: its texts are shown, and commands act on it.

@@ -18,11 +18,13 @@ struct MessageBox {
     std::size_t defaultButton = 0;  ///< the place among the buttons of the one that Enter presses
     std::string detail = {};        ///< a reason, shown below the text
     bool warns = false;             ///< something is wrong
+    bool offersRemembering = false; ///< shows the check "Remember this"
 };
 
 struct MessageAnswer {
     std::size_t button = 0;
     bool sameForRest = false;
+    bool remember = false;
 };
 
 struct InputBox {
