@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QDir>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QInputDialog>
@@ -39,6 +40,19 @@ std::size_t answerOfEscape(const std::vector<std::string>& buttons) {
     const auto no = std::find(buttons.begin(), buttons.end(), "No");
     return no == buttons.end() ? buttons.size() - 1
                                : static_cast<std::size_t>(no - buttons.begin());
+}
+
+/// A box has room for one check of its own; the other one goes between that and the buttons.
+void addBelowText(QMessageBox& box, QCheckBox& check) {
+    auto* rows = qobject_cast<QGridLayout*>(box.layout());
+    auto* buttons = box.findChild<QDialogButtonBox*>();
+    if (rows == nullptr || buttons == nullptr)
+        return;
+    const int row = rows->rowCount();
+    const int textColumn = rows->columnCount() - 1;
+    rows->removeWidget(buttons);
+    rows->addWidget(&check, row, textColumn);
+    rows->addWidget(buttons, row + 1, 0, 1, rows->columnCount());
 }
 
 QMessageBox::Icon iconOf(const windows::MessageBox& box) {
@@ -190,12 +204,10 @@ windows::MessageAnswer QtToolkit::showMessage(const windows::MessageBox& box) {
     QCheckBox same("Do the same for the rest");
     if (box.offersSameForRest)
         dialog.setCheckBox(&same);
-    // A box has room for one check of its own.
     QCheckBox remember("Remember this");
     remember.setObjectName("remember");
-    auto* rows = qobject_cast<QGridLayout*>(dialog.layout());
-    if (box.offersRemembering && rows != nullptr)
-        rows->addWidget(&remember, rows->rowCount(), 0, 1, rows->columnCount());
+    if (box.offersRemembering)
+        addBelowText(dialog, remember);
     dialog.exec();
     remember.setParent(nullptr);
     const auto at = std::find(buttons.begin(), buttons.end(), dialog.clickedButton());
