@@ -37,6 +37,10 @@ void answerBox(const windows::MessageBox& box, const windows::MessageAnswer& ans
     EXPECT_EQ(dialog->checkBox() != nullptr, box.offersSameForRest);
     if (answer.sameForRest)
         dialog->checkBox()->setChecked(true);
+    auto* remember = dialog->findChild<QCheckBox*>("remember");
+    EXPECT_EQ(remember != nullptr, box.offersRemembering);
+    if (answer.remember)
+        remember->setChecked(true);
     buttons[static_cast<qsizetype>(answer.button)]->click();
 }
 
