@@ -10,15 +10,13 @@
 namespace commandline {
 namespace {
 
-constexpr auto gameProgram = "totala.exe";
-
 bool canBegin(const Machine& machine, const releases::GameDirectory& game) {
     if (!game.DoesFolderExist(game.at(releases::dataTree))) {
         machine.errors << "There is no folder \"" << releases::dataTree << "\" in \""
                        << platform::shownPath(game.TADir()) << "\".\n";
         return false;
     }
-    if (machine.programs.isRunning(game.at(gameProgram))) {
+    if (machine.programs.isRunning(game.at(releases::gameProgram))) {
         machine.errors << "The game is still running in this directory.\n";
         return false;
     }

@@ -85,9 +85,8 @@ Verdict settle(const ClashQuestion& clash, const Settled& settled, platform::Que
 
 } // namespace
 
-Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
-              const Unfinished& unfinished, const Settled& settled) {
-    const auto listings = [&](const std::string& path) {
+Listings listingsOf(const releases::GameDirectory& game, const Unfinished& unfinished) {
+    return [&](const std::string& path) {
         auto names = game.list(path.empty() ? game.TADir() : game.at(path));
         if (names && !unfinished.pending().moves.empty())
             std::erase_if(names->files, [&](const auto& name) {
@@ -95,13 +94,19 @@ Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
             });
         return names;
     };
+}
+
+Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
+              const Unfinished& unfinished, const Settled& settled) {
     platform::MessageRow clashes;
     platform::MessageRow programs;
-    return Plan::make(selection, listings,
+    return Plan::make(selection, listingsOf(game, unfinished),
                       {[&](const ClashQuestion& question) {
                            return settle(question, settled, game.questions(), clashes);
                        },
                        [&](const ExeQuestion& question) {
+                           if (const auto isGame = exeDecision(question, settled.chosen))
+                               return *isGame;
                            return game.questions().askYesNo(question.text(), &programs);
                        }});
 }

@@ -84,6 +84,24 @@ std::optional<bool> Decisions::isForA(const ClashQuestion& question) const {
     return std::nullopt;
 }
 
+std::optional<bool> Decisions::isForAAt(std::string_view place, const Owner& a,
+                                        const Owner& b) const {
+    const auto of = byRivals_.find(rivals(a, b));
+    if (of == byRivals_.end())
+        return std::nullopt;
+    const auto decision = of->second.find(platform::foldCase(place));
+    if (decision == of->second.end())
+        return std::nullopt;
+    return decision->second.winner == a;
+}
+
+std::optional<bool> exeDecision(const ExeQuestion& question, const Decisions* decisions) {
+    if (decisions == nullptr)
+        return std::nullopt;
+    return decisions->isForAAt(releases::gameProgram, ownerOf(question.exe),
+                               {releases::ReleaseType::tc, std::string(releases::defaultTC)});
+}
+
 void Decisions::rename(releases::ReleaseType type, std::string_view name,
                        std::string_view newName) {
     const Owner old{type, std::string(name)};

@@ -15,8 +15,6 @@ namespace {
 /// They live as long as the listing.
 using Names = std::vector<std::string_view>;
 
-constexpr std::string_view gameProgram = "totala.exe";
-
 /// Text files at the root of a release, or of the game, are documentation.
 bool isDocumentation(std::string_view file, bool atRoot) {
     return atRoot && platform::endsWithIgnoringCase(file, ".txt");

@@ -14,7 +14,6 @@ namespace {
 
 constexpr auto fallbackDirectory = "P:\\Ostler\\virginTA";
 constexpr auto scanSwitch = "--WIDCF";
-constexpr auto gameProgram = "totala.exe";
 
 } // namespace
 
@@ -73,7 +72,7 @@ void frmMain::takeBackCleared() {
 
 /// Files that the game has open could not be moved back.
 void frmMain::waitForGame() {
-    const auto program = game_.at(gameProgram);
+    const auto program = game_.at(releases::gameProgram);
     while (machine_.programs.isRunning(program)) {
         const auto answer = game_.questions().ask(
             {"The game is still running in this directory, so its files cannot be moved back "
@@ -94,10 +93,10 @@ void frmMain::waitForGame() {
 
 /// What would fail at the launch is told ahead of it.
 void frmMain::checkGameDirectory() {
-    const auto program = game_.at(gameProgram);
+    const auto program = game_.at(releases::gameProgram);
     lblGo.setText(game_.DoesFileExist(program)
                       ? ""
-                      : "\"" + std::string(gameProgram) + "\" was not found here.");
+                      : "\"" + std::string(releases::gameProgram) + "\" was not found here.");
     lblGo.setVisible(!lblGo.text().empty());
     std::vector<std::string> closed;
     for (const auto& folder : {game_.TADir(), game_.at(releases::dataTree),
@@ -247,7 +246,7 @@ void frmMain::Form_Unload() {
 void frmMain::cmdGo_Click() {
     if (!moveFiles())
         return;
-    startProgram(gameProgram);
+    startProgram(std::string(releases::gameProgram));
     saveSelsOrTell();
     endProgram();
 }

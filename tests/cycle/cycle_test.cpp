@@ -7,7 +7,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "cycle/apply.h"
+#include "cycle/preview.h"
 #include "platform/text.h"
+#include "support/core.h"
 #include "support/faulty_disk.h"
 #include "support/play.h"
 #include "support/system.h"
@@ -49,6 +52,21 @@ class RandomGame {
         for (int i = 0; i < 200; ++i)
             text += upTo(2) > 0 ? "answer Yes\n" : "answer No\n";
         return text + (upTo(1) > 0 ? "click cmdGo\n" : "close\n");
+    }
+
+    /// The same choice as a value.
+    cycle::Selection selection() {
+        cycle::Selection selection;
+        for (const auto& [tab, name] : choices_) {
+            const auto& type = *releases::typeOfTab(tab);
+            if (upTo(4) == 0)
+                continue;
+            if (type.isSingle())
+                selection.choose(type.type, releases::folderForm(name));
+            else
+                selection.add(type.type, name);
+        }
+        return selection;
     }
 
     const Game& game() const { return game_; }
@@ -171,6 +189,59 @@ TEST(Cycle, holds_in_random_game_directories) {
         test::play(game, "");
         ASSERT_EQ(test::differences(without, game.files()), "");
     }
+}
+
+/// What a preview and a test look at: all but the data tree and what no listing shows.
+test::Tree seen(test::Tree files) {
+    std::erase_if(files, [](const auto& file) {
+        const auto& path = file.first;
+        return platform::foldCase(path).starts_with("vexillum/") || path.starts_with('.') ||
+               path.find("/.") != std::string::npos;
+    });
+    return files;
+}
+
+TEST(Preview, shows_what_the_launch_does_in_random_game_directories) {
+    constexpr unsigned games = test::onWindows ? 60 : 500;
+    int conflicts = 0;
+    int blocked = 0;
+    for (unsigned seed = 1; seed <= games; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        RandomGame random(seed, seed % 2 == 0);
+        const auto before = random.game().files();
+        const auto disk = platform::makeDisk();
+        test::RecordedLog log;
+        test::ScriptedAnswers answers;
+        releases::GameDirectory game(*disk, log, answers);
+        game.open(random.game().folder());
+        const auto selection = random.selection();
+        cycle::Decisions chosen;
+        const auto preview = [&] {
+            return cycle::makePreview(game, selection, {}, &chosen, nullptr);
+        };
+        for (const auto& file : preview().files)
+            for (const auto& rival : file.rivals)
+                if (rival.owner != rival.lostTo && random.upTo(1) == 0)
+                    chosen.decide({file.path, rival.owner, rival.lostTo});
+        const auto shown = preview();
+        EXPECT_EQ(random.game().files(), before) << "a preview changes nothing";
+        cycle::Unfinished unfinished;
+        const auto plan = cycle::makePlan(game, selection, {}, {&chosen, nullptr});
+        ASSERT_TRUE(cycle::carryOut(game, plan.journal(), unfinished));
+        test::Tree expected;
+        for (const auto& file : shown.files)
+            expected[platform::replaceAll(file.path, "\\", "/")] =
+                before.at(platform::replaceAll(file.from, "\\", "/"));
+        ASSERT_EQ(test::differences(seen(expected), seen(random.game().files())), "");
+        conflicts += shown.conflicts();
+        blocked += static_cast<int>(shown.blocked.size());
+        EXPECT_EQ(shown.blocked.size(),
+                  std::count_if(answers.asked.begin(), answers.asked.end(), [](const auto& text) {
+                      return text.starts_with("I was trying to move");
+                  }));
+    }
+    EXPECT_GT(conflicts, 100);
+    EXPECT_GT(blocked, 10);
 }
 
 TEST(Cycle, comes_back_plain_wherever_the_power_goes) {

@@ -12,6 +12,10 @@
 
 namespace cycle {
 
+/// What a plan is made of: the folders of the game directory, without the files that a reset could
+/// not move back. Both must outlive it.
+Listings listingsOf(const releases::GameDirectory& game, const Unfinished& unfinished);
+
 /// What need not be asked. Both may be null.
 struct Settled {
     const Decisions* chosen = nullptr; ///< for this launch; goes first

@@ -35,6 +35,11 @@ struct Decision {
     Owner loser;
 };
 
+/// Whether a program that a release brings shall be the game, where that was decided: then it is
+/// so about the place of the game's own program.
+class Decisions;
+std::optional<bool> exeDecision(const ExeQuestion& question, const Decisions* decisions);
+
 class Decisions {
   public:
     /// Takes the place of one about the same two and the same place.
@@ -46,6 +51,9 @@ class Decisions {
     /// Whether A gets the place. The closest decision counts: of the file, then of its folder, then
     /// of all places.
     std::optional<bool> isForA(const ClashQuestion& question) const;
+
+    /// The same, told by a decision about just this place.
+    std::optional<bool> isForAAt(std::string_view place, const Owner& a, const Owner& b) const;
 
     void rename(releases::ReleaseType type, std::string_view name, std::string_view newName);
     /// All that are about a release.

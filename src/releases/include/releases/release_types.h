@@ -57,6 +57,8 @@ const TypeInfo* typeOfTab(std::string_view caption);
 
 /// The releases that stand for the game as it came.
 inline constexpr std::string_view defaultTC = "Cavedog TA";
+/// What is started at a launch, whoever brought it.
+inline constexpr std::string_view gameProgram = "totala.exe";
 inline constexpr std::string_view defaultAI = "Cavedog AI";
 /// Whether that is the default of any type, whatever type the release is of.
 bool isDefaultRelease(std::string_view displayName);
