@@ -61,16 +61,16 @@ std::vector<std::size_t> move(releases::GameDirectory& game, const Journal& jour
     return failed;
 }
 
-Verdict settle(const ClashQuestion& clash, const Settled& settled, platform::Questions& questions,
-               platform::MessageRow& row) {
+Verdict settle(const ClashQuestion& clash, const releases::GameDirectory& game,
+               const Settled& settled, platform::MessageRow& row) {
+    auto& questions = game.questions();
     platform::Question question{clash.text(), {"Yes", "No"}};
-    for (const auto& [known, why] :
-         {std::pair(settled.chosen, Why::chosen),
-          std::pair<const Decisions*, Why>(settled.remembered, Why::remembered)})
-        if (const auto isForA = known == nullptr ? std::nullopt : known->isForA(clash)) {
-            questions.noteAnswered(question, *isForA ? 0 : 1);
-            return {*isForA, why};
-        }
+    if (const auto known = knownVerdict(clash, settled.chosen, settled.remembered)) {
+        questions.noteAnswered(question, known->isForA ? 0 : 1);
+        return *known;
+    }
+    if (settled.skipsSame && holdSame(clash, game))
+        return {true, Why::same};
     const auto a = ownerOf(clash.a);
     const auto b = ownerOf(clash.b);
     bool remember = false;
@@ -84,6 +84,14 @@ Verdict settle(const ClashQuestion& clash, const Settled& settled, platform::Que
 }
 
 } // namespace
+
+bool holdSame(const ClashQuestion& clash, const releases::GameDirectory& game) {
+    bool isSame = false;
+    platform::attempt([&] {
+        isSame = game.disk().holdSame(game.at(clash.a.fromPath), game.at(clash.b.fromPath));
+    });
+    return isSame;
+}
 
 Listings listingsOf(const releases::GameDirectory& game, const Unfinished& unfinished) {
     return [&](const std::string& path) {
@@ -100,15 +108,14 @@ Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
               const Unfinished& unfinished, const Settled& settled) {
     platform::MessageRow clashes;
     platform::MessageRow programs;
-    return Plan::make(selection, listingsOf(game, unfinished),
-                      {[&](const ClashQuestion& question) {
-                           return settle(question, settled, game.questions(), clashes);
-                       },
-                       [&](const ExeQuestion& question) {
-                           if (const auto isGame = exeDecision(question, settled.chosen))
-                               return *isGame;
-                           return game.questions().askYesNo(question.text(), &programs);
-                       }});
+    return Plan::make(
+        selection, listingsOf(game, unfinished),
+        {[&](const ClashQuestion& question) { return settle(question, game, settled, clashes); },
+         [&](const ExeQuestion& question) {
+             if (const auto known = knownVerdict(question, settled.chosen, settled.remembered))
+                 return known->isForA;
+             return game.questions().askYesNo(question.text(), &programs);
+         }});
 }
 
 bool carryOut(releases::GameDirectory& game, const Journal& journal, Unfinished& unfinished,

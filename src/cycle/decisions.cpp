@@ -36,6 +36,16 @@ std::optional<Owner> ownerOf(std::string_view text) {
     return std::nullopt;
 }
 
+template <typename Known>
+std::optional<Verdict> firstKnown(const Decisions* chosen, const Decisions* remembered,
+                                  const Known& known) {
+    for (const auto& [decisions, why] :
+         {std::pair(chosen, Why::chosen), std::pair(remembered, Why::remembered)})
+        if (const auto isForA = decisions == nullptr ? std::nullopt : known(*decisions))
+            return Verdict(*isForA, why);
+    return std::nullopt;
+}
+
 /// Such a name cannot stand in a line.
 bool canBeWritten(const std::string& text) {
     return text.find_first_of("\t\r\n") == std::string::npos;
@@ -51,6 +61,10 @@ std::string Owner::text() const {
     return std::string(releases::infoOf(type).typeName) + " \"" + name + "\"";
 }
 
+Owner theGame() {
+    return {releases::ReleaseType::tc, std::string(releases::defaultTC)};
+}
+
 Owner ownerOf(const moveEntry& entry) {
     return {entry.relType, releases::displayForm(entry.relName)};
 }
@@ -59,6 +73,16 @@ void Decisions::decide(Decision decision) {
     auto place = platform::foldCase(decision.place);
     auto& places = byRivals_[rivals(decision.winner, decision.loser)];
     places.insert_or_assign(std::move(place), std::move(decision));
+}
+
+void Decisions::decideThroughout(Decision decision) {
+    const auto place = platform::foldCase(decision.place);
+    if (place.empty() || place.ends_with('\\'))
+        if (const auto of = byRivals_.find(rivals(decision.winner, decision.loser));
+            of != byRivals_.end())
+            std::erase_if(of->second,
+                          [&](const auto& known) { return known.first.starts_with(place); });
+    decide(std::move(decision));
 }
 
 bool Decisions::forget(const Decision& decision) {
@@ -95,11 +119,17 @@ std::optional<bool> Decisions::isForAAt(std::string_view place, const Owner& a,
     return decision->second.winner == a;
 }
 
-std::optional<bool> exeDecision(const ExeQuestion& question, const Decisions* decisions) {
-    if (decisions == nullptr)
-        return std::nullopt;
-    return decisions->isForAAt(releases::gameProgram, ownerOf(question.exe),
-                               {releases::ReleaseType::tc, std::string(releases::defaultTC)});
+std::optional<Verdict> knownVerdict(const ClashQuestion& question, const Decisions* chosen,
+                                    const Decisions* remembered) {
+    return firstKnown(chosen, remembered,
+                      [&](const auto& decisions) { return decisions.isForA(question); });
+}
+
+std::optional<Verdict> knownVerdict(const ExeQuestion& question, const Decisions* chosen,
+                                    const Decisions* remembered) {
+    return firstKnown(chosen, remembered, [&](const auto& decisions) {
+        return decisions.isForAAt(releases::gameProgram, ownerOf(question.exe), theGame());
+    });
 }
 
 void Decisions::rename(releases::ReleaseType type, std::string_view name,

@@ -16,10 +16,15 @@ namespace cycle {
 /// not move back. Both must outlive it.
 Listings listingsOf(const releases::GameDirectory& game, const Unfinished& unfinished);
 
-/// What need not be asked. Both may be null.
+/// Whether the two files of a clash have the same bytes. Those that cannot be read have not.
+bool holdSame(const ClashQuestion& clash, const releases::GameDirectory& game);
+
+/// What need not be asked. The decisions may be null.
 struct Settled {
     const Decisions* chosen = nullptr; ///< for this launch; goes first
     Decisions* remembered = nullptr;   ///< takes in what the user wishes to be remembered
+    /// Two files of the same bytes need no choice.
+    bool skipsSame = false;
 };
 
 /// Works the plan out and asks about every clash that is not settled. Changes nothing on the disk,
