@@ -21,9 +21,9 @@ std::pair<Owner, Owner> rivals(const Owner& one, const Owner& other) {
     return std::minmax(one, other);
 }
 
-/// Of a file: the folder that it lies in, with a backslash behind it.
-std::string folderOf(const std::string& file) {
-    return file.substr(0, file.rfind('\\') + 1);
+/// The closest one first: the file itself, its folder, everything.
+std::array<std::string, 3> placesAround(const std::string& file) {
+    return {file, file.substr(0, file.rfind('\\') + 1), {}};
 }
 
 std::optional<Owner> ownerOf(std::string_view text) {
@@ -94,6 +94,11 @@ bool Decisions::forget(const Decision& decision) {
     return true;
 }
 
+void Decisions::forgetAt(std::string_view file, const Owner& one, const Owner& other) {
+    for (const auto& place : placesAround(platform::foldCase(file)))
+        forget({place, one, other});
+}
+
 std::optional<bool> Decisions::isForA(const ClashQuestion& question) const {
     if (byRivals_.empty())
         return std::nullopt;
@@ -101,8 +106,7 @@ std::optional<bool> Decisions::isForA(const ClashQuestion& question) const {
     const auto of = byRivals_.find(rivals(a, ownerOf(question.b)));
     if (of == byRivals_.end())
         return std::nullopt;
-    const auto file = platform::foldCase(question.a.toPath);
-    for (const auto& place : {file, folderOf(file), std::string()})
+    for (const auto& place : placesAround(platform::foldCase(question.a.toPath)))
         if (const auto decision = of->second.find(place); decision != of->second.end())
             return decision->second.winner == a;
     return std::nullopt;

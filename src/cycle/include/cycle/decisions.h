@@ -44,6 +44,8 @@ class Decisions {
     void decideThroughout(Decision decision);
     /// False where there is none about these two and this place.
     bool forget(const Decision& decision);
+    /// All about the two that reach a file.
+    void forgetAt(std::string_view file, const Owner& one, const Owner& other);
     void clear() { byRivals_.clear(); }
 
     /// Whether A gets the place. The closest decision counts: of the file, then of its folder, then
