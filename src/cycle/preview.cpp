@@ -51,13 +51,18 @@ class Picture {
     }
 
     std::vector<Preview::File> takeFiles() {
-        std::vector<Preview::File> files;
-        files.reserve(files_.size());
+        std::vector<std::pair<std::string_view, Preview::File*>> order;
+        order.reserve(files_.size());
         for (auto& [folded, file] : files_)
-            files.push_back(std::move(file));
-        std::ranges::sort(files, [](const auto& one, const auto& other) {
-            return platform::lessIgnoringCase(one.path, other.path);
+            order.emplace_back(folded, &file);
+        std::ranges::sort(order, [](const auto& one, const auto& other) {
+            return one.first != other.first ? one.first < other.first
+                                            : one.second->path < other.second->path;
         });
+        std::vector<Preview::File> files;
+        files.reserve(order.size());
+        for (const auto& [folded, file] : order)
+            files.push_back(std::move(*file));
         return files;
     }
 
@@ -66,6 +71,7 @@ class Picture {
         const auto names = game_.list(folder.empty() ? game_.TADir() : game_.at(folder));
         if (!names)
             return;
+        onDisk_.insert(platform::foldCase(folder));
         const auto start = folder.empty() ? folder : folder + "\\";
         for (const auto& name : names->files)
             put({start + name, theGame(), start + name, sizeOf(start + name), {}});
@@ -95,15 +101,21 @@ class Picture {
             left_.insert(folded);
             return file;
         }
-        if (!isInDataTree(source) || !taken_.insert(folded).second ||
-            game_.disk().kindOf(game_.at(source)) == platform::EntryKind::none)
+        if (!isInDataTree(source) || !taken_.insert(folded).second)
             return std::nullopt;
-        return Preview::File{source, owner, source, sizeOf(source), {}};
+        const auto facts = game_.disk().factsOf(game_.at(source));
+        if (facts.kind == platform::EntryKind::none)
+            return std::nullopt;
+        return Preview::File{source, owner, source, facts.size, {}};
     }
 
-    /// What was moved away is not there any more, though the disk still has it.
+    /// What was moved away is not there any more, though the disk still has it. Hidden files are in
+    /// no listing.
     bool isOnDisk(const std::string& path, const std::string& folded) const {
-        return !left_.contains(folded) && !taken_.contains(folded) &&
+        const auto cut = folded.rfind('\\');
+        const bool hasFolder = cut == std::string::npos ||
+                               onDisk_.contains(folded.substr(0, cut)) || isInDataTree(path);
+        return hasFolder && !left_.contains(folded) && !taken_.contains(folded) &&
                game_.disk().kindOf(game_.at(path)) != platform::EntryKind::none;
     }
 
@@ -161,8 +173,9 @@ class Picture {
     /// Their spelling, by their paths, case folded.
     std::unordered_map<std::string, std::string> folders_;
     std::unordered_set<std::string> exactFolders_;
-    std::unordered_set<std::string> taken_; ///< of the data tree
-    std::unordered_set<std::string> left_;  ///< of the game
+    std::unordered_set<std::string> onDisk_; ///< the folders that were listed, case folded
+    std::unordered_set<std::string> taken_;  ///< of the data tree
+    std::unordered_set<std::string> left_;   ///< of the game
 };
 
 /// A program that a release brings, and whether it will be the game.
