@@ -50,8 +50,8 @@ ArchiveSet::ArchiveSet(platform::Disk& disk, std::span<const ChosenArchive> chos
     });
     for (std::size_t i = 0; i < archives_.size(); ++i) {
         log_.breathe();
-        log_.progress(i, archives_.size());
         open(archives_[i]);
+        log_.progress(i + 1, archives_.size());
     }
 }
 
@@ -230,7 +230,6 @@ std::optional<std::string> ArchiveSet::readText(const Place& place) {
 
 void ArchiveSet::readEverything() {
     for (std::size_t a = 0; a < archives_.size(); ++a) {
-        log_.progress(a, archives_.size());
         const auto* archive = archives_[a].archive.get();
         for (std::size_t e = 0; archive != nullptr && e < archive->entries().size(); ++e) {
             if (archive->entries()[e].isFolder)
@@ -239,6 +238,7 @@ void ArchiveSet::readEverything() {
             while (reading && !next(*reading).value_or("").empty())
                 ;
         }
+        log_.progress(a + 1, archives_.size());
     }
 }
 
