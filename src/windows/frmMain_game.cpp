@@ -38,16 +38,23 @@ void frmMain::playAndComeBack() {
     removeUnusedTexts();
     setResting(true);
     log_.close();
+    showGame(gameRuns);
+    setText(std::string(applicationTitle) + ": the game is running");
+    // A window that goes later might take the focus from the game.
+    toolkit().minimize(*this);
     const std::string name(releases::gameProgram);
-    std::unique_ptr<platform::RunningProgram> game;
+    std::optional<platform::Failure> failure;
     try {
-        game = machine_.programs.startWatched(
-            {platform::Command::Kind::program, game_.at(name), "", platform::StartWindow::normal});
-    } catch (const platform::Failure& failure) {
-        warnNotStarted(name, failure);
+        waitForEnd(*machine_.programs.startWatched(
+            {platform::Command::Kind::program, game_.at(name), "", platform::StartWindow::normal}));
+    } catch (const platform::Failure& why) {
+        failure = why;
     }
-    if (game != nullptr)
-        waitForEnd(*game);
+    setText(applicationTitle);
+    lookForGame();
+    toolkit().restore(*this);
+    if (failure)
+        warnNotStarted(name, *failure);
     platform::attempt([this] { resetGameDirectory(); });
     lookForGame();
     show();
@@ -56,9 +63,6 @@ void frmMain::playAndComeBack() {
 
 /// The user may have started the game once more, by other means.
 void frmMain::waitForEnd(platform::RunningProgram& running) {
-    showGame(gameRuns);
-    setText(std::string(applicationTitle) + ": the game is running");
-    toolkit().minimize(*this);
     leaving_.noted = false;
     closeWish = &leaving_;
     const auto program = game_.at(releases::gameProgram);
@@ -71,8 +75,6 @@ void frmMain::waitForEnd(platform::RunningProgram& running) {
             endProgram();
     }
     closeWish = nullptr;
-    setText(applicationTitle);
-    toolkit().restore(*this);
 }
 
 void frmMain::lookForGame() {
