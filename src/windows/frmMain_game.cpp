@@ -57,6 +57,7 @@ void frmMain::playAndComeBack() {
         warnNotStarted(name, *failure);
     platform::attempt([this] { resetGameDirectory(); });
     lookForGame();
+    platform::attempt([this] { readReleases(); });
     show();
     setResting(false);
 }
@@ -75,6 +76,15 @@ void frmMain::waitForEnd(platform::RunningProgram& running) {
             endProgram();
     }
     closeWish = nullptr;
+}
+
+/// Where releases have other names by now the list is a new one, and else it stays as it was.
+void frmMain::readReleases() {
+    store_.read();
+    newNames_.clear();
+    countReleases();
+    if (store_.releasesOf(currentType().type) != listed_)
+        tspMain_Click();
 }
 
 void frmMain::lookForGame() {

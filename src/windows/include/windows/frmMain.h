@@ -175,6 +175,7 @@ class frmMain : public Window {
     void mnuFComeBack_Click();
     void playAndComeBack();
     void waitForEnd(platform::RunningProgram& running);
+    void readReleases();
     void lookForGame();
     void showGame(const std::string& state);
 
@@ -196,6 +197,7 @@ class frmMain : public Window {
     const releases::TypeInfo& currentType() const;
     std::string getLongSelType() const;
     bool isListed(std::string_view name) const;
+    void countReleases();
 
     // frmMain_info.cpp: the release at hand
     enum class Fits { yes, no };
