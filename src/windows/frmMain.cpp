@@ -72,6 +72,8 @@ void frmMain::wire() {
     mnuFLaunch.onClick = [this] { cmdGo_Click(); };
     mnuFPreview.onClick = [this] { mnuFPreview_Click(); };
     mnuFRevert.onClick = [this] { cmdRevert_Click(); };
+    mnuFComeBack.makeCheckable();
+    mnuFComeBack.onClick = [this] { mnuFComeBack_Click(); };
     mnuFExitVXL.onClick = [this] { Form_Unload(); };
     mnuFCweapon.onClick = [this] { mnuFCweapon_Click(); };
     mnuHVXLHelp.onClick = [this] { openHelp("Index"); };

@@ -63,6 +63,12 @@ void frmMain::doList() {
     panes_.offersRemoval = false;
 }
 
+void frmMain::countReleases() {
+    counts_.clear();
+    for (const auto* type : releases::typesByTab())
+        counts_.push_back(store_.countOf(type->type));
+}
+
 void frmMain::dropMissingNames() {
     const auto& type = currentType();
     const std::unordered_set<std::string_view> there(listed_.begin(), listed_.end());
