@@ -26,16 +26,6 @@ std::string folderOf(const std::string& file) {
     return file.substr(0, file.rfind('\\') + 1);
 }
 
-std::optional<Owner> ownerOf(std::string_view text) {
-    for (const auto& info : releases::releaseTypes()) {
-        const auto head = std::string(info.typeName) + " \"";
-        if (text.size() > head.size() + 1 && text.starts_with(head) && text.ends_with('"'))
-            return Owner{info.type,
-                         std::string(text.substr(head.size(), text.size() - head.size() - 1))};
-    }
-    return std::nullopt;
-}
-
 /// Such a name cannot stand in a line.
 bool canBeWritten(const std::string& text) {
     return text.find_first_of("\t\r\n") == std::string::npos;
@@ -55,10 +45,25 @@ Owner ownerOf(const moveEntry& entry) {
     return {entry.relType, releases::displayForm(entry.relName)};
 }
 
+std::optional<Owner> readOwner(std::string_view text) {
+    for (const auto& info : releases::releaseTypes()) {
+        const auto head = std::string(info.typeName) + " \"";
+        if (text.size() > head.size() + 1 && text.starts_with(head) && text.ends_with('"'))
+            return Owner{info.type,
+                         std::string(text.substr(head.size(), text.size() - head.size() - 1))};
+    }
+    return std::nullopt;
+}
+
 void Decisions::decide(Decision decision) {
     auto place = platform::foldCase(decision.place);
     auto& places = byRivals_[rivals(decision.winner, decision.loser)];
     places.insert_or_assign(std::move(place), std::move(decision));
+}
+
+void Decisions::add(const Decisions& others) {
+    for (auto& decision : others.all())
+        decide(std::move(decision));
 }
 
 bool Decisions::forget(const Decision& decision) {
@@ -156,8 +161,8 @@ void Decisions::readText(std::string_view text) {
         }
         if (fields.size() != 4 || fields[0].empty() || fields[2] != between)
             continue;
-        const auto winner = ownerOf(fields[1]);
-        const auto loser = ownerOf(fields[3]);
+        const auto winner = readOwner(fields[1]);
+        const auto loser = readOwner(fields[3]);
         if (!winner || !loser || *winner == *loser)
             continue;
         decide({fields[0] == everything ? "" : platform::replaceAll(fields[0], "/", "\\"), *winner,
