@@ -115,6 +115,7 @@ std::string Sets::save(std::string_view name, const Set& set) const {
         if (game_.disk().kindOf(folder()) == platform::EntryKind::none)
             game_.disk().makeFolder(folder());
         game_.disk().replaceFile(fileOf(name), text);
+        game_.disk().flush();
     } catch (const platform::Failure& failure) {
         return failure.what();
     }
