@@ -7,6 +7,22 @@
 #include "windows/frmMain.h"
 
 namespace windows {
+namespace {
+
+/// The set of that name, or else in another case, or else the first one.
+std::optional<std::string> listedAs(const std::vector<std::string>& names,
+                                    const std::string& wanted) {
+    auto at = std::find(names.begin(), names.end(), wanted);
+    if (at == names.end())
+        at = std::find_if(names.begin(), names.end(), [&](const auto& name) {
+            return platform::equalIgnoringCase(name, wanted);
+        });
+    if (at == names.end())
+        at = names.begin();
+    return at == names.end() ? std::nullopt : std::optional(*at);
+}
+
+} // namespace
 
 frmSets::frmSets(frmMain& main, std::string current)
     : Window("frmSets", "Sets"), main_(main), toolkit_(main.machine().toolkit),
@@ -31,8 +47,7 @@ frmSets::~frmSets() {
 
 void frmSets::fill() {
     const auto names = main_.sets().names();
-    if (!chosen_ || std::find(names.begin(), names.end(), *chosen_) == names.end())
-        chosen_ = names.empty() ? std::nullopt : std::optional(names.front());
+    chosen_ = listedAs(names, chosen_.value_or(""));
     set_ = {};
     failure_ = chosen_ ? main_.sets().load(*chosen_, set_) : "";
     std::vector<MarkList::Item> items;
@@ -89,7 +104,7 @@ void frmSets::cmdRename_Click() {
         return main_.game().questions().warn("The set could not be renamed.\r\n\r\n" + reason);
     // With "~" in it the new name is listed as another one.
     chosen_ = releases::displayForm(*newName);
-    if (current_ == oldName)
+    if (platform::equalIgnoringCase(current_, oldName))
         current_ = *chosen_;
     fill();
 }
@@ -101,7 +116,7 @@ void frmSets::cmdDelete_Click() {
         return;
     if (const auto reason = main_.sets().remove(*chosen_); !reason.empty())
         main_.game().questions().warn("The set could not be deleted.\r\n\r\n" + reason);
-    else if (current_ == *chosen_)
+    else if (platform::equalIgnoringCase(current_, *chosen_))
         current_.clear();
     fill();
 }
