@@ -26,16 +26,6 @@ std::array<std::string, 3> placesAround(const std::string& file) {
     return {file, file.substr(0, file.rfind('\\') + 1), {}};
 }
 
-std::optional<Owner> ownerOf(std::string_view text) {
-    for (const auto& info : releases::releaseTypes()) {
-        const auto head = std::string(info.typeName) + " \"";
-        if (text.size() > head.size() + 1 && text.starts_with(head) && text.ends_with('"'))
-            return Owner{info.type,
-                         std::string(text.substr(head.size(), text.size() - head.size() - 1))};
-    }
-    return std::nullopt;
-}
-
 template <typename Known>
 std::optional<Verdict> firstKnown(const Decisions* chosen, const Decisions* remembered,
                                   const Known& known) {
@@ -69,6 +59,16 @@ Owner ownerOf(const moveEntry& entry) {
     return {entry.relType, releases::displayForm(entry.relName)};
 }
 
+std::optional<Owner> readOwner(std::string_view text) {
+    for (const auto& info : releases::releaseTypes()) {
+        const auto head = std::string(info.typeName) + " \"";
+        if (text.size() > head.size() + 1 && text.starts_with(head) && text.ends_with('"'))
+            return Owner{info.type,
+                         std::string(text.substr(head.size(), text.size() - head.size() - 1))};
+    }
+    return std::nullopt;
+}
+
 void Decisions::decide(Decision decision) {
     auto place = platform::foldCase(decision.place);
     auto& places = byRivals_[rivals(decision.winner, decision.loser)];
@@ -83,6 +83,11 @@ void Decisions::decideThroughout(Decision decision) {
             std::erase_if(of->second,
                           [&](const auto& known) { return known.first.starts_with(place); });
     decide(std::move(decision));
+}
+
+void Decisions::add(const Decisions& others) {
+    for (auto& decision : others.all())
+        decide(std::move(decision));
 }
 
 bool Decisions::forget(const Decision& decision) {
@@ -190,8 +195,8 @@ void Decisions::readText(std::string_view text) {
         }
         if (fields.size() != 4 || fields[0].empty() || fields[2] != between)
             continue;
-        const auto winner = ownerOf(fields[1]);
-        const auto loser = ownerOf(fields[3]);
+        const auto winner = readOwner(fields[1]);
+        const auto loser = readOwner(fields[3]);
         if (!winner || !loser || *winner == *loser)
             continue;
         decide({fields[0] == everything ? "" : platform::replaceAll(fields[0], "/", "\\"), *winner,

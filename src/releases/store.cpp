@@ -48,6 +48,11 @@ bool Store::hasFolder(ReleaseType type, std::string_view folderName) const {
                      std::string(infoOf(type).shortName) + "-" + std::string(folderName)) != -1;
 }
 
+bool Store::isThere(ReleaseType type, std::string_view displayName) const {
+    return game_.DoesFolderExist(folderOf(type, displayName)) ||
+           looseFileOf(type, displayName).has_value();
+}
+
 std::string Store::folderOf(ReleaseType type, std::string_view displayName) const {
     return game_.inDataTree(folderName(type, displayName));
 }

@@ -27,6 +27,8 @@ struct Owner {
 
 Owner theGame();
 Owner ownerOf(const moveEntry& entry);
+/// What such a text names, or nothing.
+std::optional<Owner> readOwner(std::string_view text);
 
 struct Decision {
     /// A file's path; a folder's with a backslash behind it; empty for all places. Relative to the
@@ -47,6 +49,8 @@ class Decisions {
     /// All about the two that reach a file.
     void forgetAt(std::string_view file, const Owner& one, const Owner& other);
     void clear() { byRivals_.clear(); }
+    /// Takes in all of the others, which count where both speak of the same two and the same place.
+    void add(const Decisions& others);
 
     /// Whether A gets the place. The closest decision counts: of the file, then of its folder, then
     /// of all places.

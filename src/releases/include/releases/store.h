@@ -42,6 +42,9 @@ class Store {
     /// Whether a release has a folder, by the form of its name that the folder has.
     bool hasFolder(ReleaseType type, std::string_view folderName) const;
 
+    /// Whether a release is on the disk now, whatever was read before.
+    bool isThere(ReleaseType type, std::string_view displayName) const;
+
     /// The absolute path of a release's folder, whether there is one or not.
     std::string folderOf(ReleaseType type, std::string_view displayName) const;
 
