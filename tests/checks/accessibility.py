@@ -2,8 +2,8 @@
 """Uses the real program as a screen reader does: by the accessibility tree alone.
 
 accessibility.py GAMEDIR: starts GAMEDIR/Vexillum.exe, checks that every control of the main window
-is there by its name, adds the map "Two Lakes" from GAMEDIR/lakes.zip, ticks and launches it, and at
-the next start removes it. That the game was started and the directory is plain again is looked up on
+is there by its name, adds the map "Two Lakes" from GAMEDIR/lakes.zip, ticks it, decides in the preview who
+gets its place, launches it, and at the next start removes it. That the game was started and the directory is plain again is looked up on
 the disk.
 """
 import os
@@ -19,7 +19,8 @@ PATIENCE = 20  # seconds
 EXPECTED = [
     ("menu bar", "Menus"),
     *[("menu item", name) for name in (
-        "Main", "Launch TA", "Preview...", "Revert", "Exit VXL", "Utilities", "File Lister", "Add TAM Release",
+        "Main", "Launch TA", "Preview...", "Revert", "Come Back When The Game Ends", "Exit VXL",
+        "Sets", "Save As Set...", "Utilities", "File Lister", "Add TAM Release",
         "Menu Modifier", "Use Trellis", "(Requires 1024x768 Res. Minimum)",
         "Small Version (800x600 Res. Min.)", "Compress Menus", "Conflict Finder",
         "Weapon ID Conflicts...", "Unit ID Conflicts...", "Build Menu Conflicts...", "Help",
@@ -174,15 +175,16 @@ def add_map(program, archive):
 
 
 def decide(program):
-    """The map's file wants the place of the game's: the game keeps it, as seen in the preview."""
+    """The map's file wants the place of the game's; in the preview the game keeps it, for once.
+    Rows of trees are told as cells."""
     program.press("menu item", "Preview...")
     program.wait_for("dialog", "Preview")
-    program.press("tree item", 'two.ota, Map "Two Lakes", the game, to decide', "SetFocus")
-    program.press("tree item", "the game, makes room, and waits at "
+    program.press("table cell", 'two.ota, Map "Two Lakes", the game, to decide', "SetFocus")
+    program.press("table cell", "the game, makes room, and waits at "
                   "Vexillum/TC-Cavedog TA/maps/two.ota: you will be asked; "
                   'Yes is for Map "Two Lakes"', "SetFocus")
     program.press("push button", "Use For This File")
-    program.wait_for("tree item", 'two.ota, the game, Map "Two Lakes", chosen')
+    program.wait_for("table cell", 'two.ota, the game, Map "Two Lakes", chosen')
     program.press("push button", "Ask At The Launch")
     program.press("push button", "Close")
 
