@@ -45,6 +45,8 @@ class PreviewView final : public WindowView {
         column->addWidget(halves, 1);
         auto* foot = tight<QHBoxLayout>();
         foot->addWidget(button(window.cmdAnswers, 'A'));
+        foot->addWidget(label(window.lblReports));
+        foot->addWidget(link(window.lblReportsLink));
         foot->addStretch();
         auto* done = button(window.cmdDone, 'C');
         done->setDefault(true);

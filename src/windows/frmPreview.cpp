@@ -8,16 +8,39 @@
 #include "preview_rows.h"
 #include "releases/tally.h"
 #include "windows/frmAnswers.h"
+#include "windows/frmShowReadme.h"
 
 namespace windows {
 
 using cycle::Owner;
 using cycle::Reach;
 
+namespace {
+
+/// Of archives, in bytes, that nobody has to wait for.
+constexpr std::uint64_t mostAtOnce = 64ULL * 1024 * 1024;
+
+/// Lets the windows live while work goes on that shows nothing of itself.
+class KeepsAlive final : public platform::Log {
+  public:
+    explicit KeepsAlive(Toolkit& toolkit) : toolkit_(toolkit) {}
+    void stage(const std::string& /*text*/) override { breathe(); }
+    void line(const std::string& /*text*/) override { breathe(); }
+    void breathe() override { toolkit_.doEvents(); }
+
+  private:
+    Toolkit& toolkit_;
+};
+
+} // namespace
+
 frmPreview::frmPreview(Toolkit& toolkit, Basis basis)
     : Window("frmPreview", "Preview"), toolkit_(toolkit), basis_(std::move(basis)) {
     chkConflicts.onClick = [this] { showFiles(); };
-    cmdRefresh.onClick = [this] { workOut(); };
+    cmdRefresh.onClick = [this] {
+        reports_.reset();
+        workOut();
+    };
     treFiles.onPick = [this] { treFiles_Pick(); };
     treRivals.onPick = [this] { showPlace(); };
     cmdFile.onClick = [this] { use(Reach::file); };
@@ -25,6 +48,7 @@ frmPreview::frmPreview(Toolkit& toolkit, Basis basis)
     cmdEverywhere.onClick = [this] { use(Reach::everywhere); };
     cmdAsk.onClick = [this] { cmdAsk_Click(); };
     cmdAnswers.onClick = [this] { cmdAnswers_Click(); };
+    lblReportsLink.onClick = [this] { lblReportsLink_Click(); };
     cmdDone.onClick = [this] { Form_Unload(); };
     onClose = [this] { Form_Unload(); };
     defaultButton = &cmdDone;
@@ -49,6 +73,48 @@ void frmPreview::workOut() {
                                   &basis_.remembered);
     lblFigures.setText(figuresOf(preview_));
     showFiles();
+    askForReports();
+}
+
+/// Many archives are looked through when the user wishes it.
+void frmPreview::askForReports() {
+    auto archives = conflict::archivesOf(basis_.game, preview_);
+    const auto isSame = [](const auto& one, const auto& other) {
+        return one.name == other.name && one.path == other.path;
+    };
+    if (reports_ && std::ranges::equal(archives, archives_, isSame))
+        return;
+    archives_ = std::move(archives);
+    reports_.reset();
+    std::uint64_t bytes = 0;
+    for (const auto& archive : archives_)
+        bytes += basis_.game.disk().factsOf(archive.path).size;
+    lblReports.setText("Archives: " + std::string(archives_.empty() ? "there are none."
+                                                                    : "not looked through yet."));
+    lblReportsLink.setText("Look Through Them");
+    lblReportsLink.setVisible(!archives_.empty());
+    if (!archives_.empty() && bytes <= mostAtOnce)
+        makeReports();
+}
+
+void frmPreview::makeReports() {
+    lblReportsLink.setVisible(false);
+    lblReports.setText("Archives: looking through them...");
+    KeepsAlive log(toolkit_);
+    reports_ = conflict::reportOnArchives(basis_.game.disk(), archives_, log,
+                                          {.compressMenus = basis_.selection.modifier.compress});
+    lblReports.setText("Archives: " + reports_->summary());
+    lblReportsLink.setText("Show");
+    lblReportsLink.setVisible(!reports_->empty());
+}
+
+void frmPreview::lblReportsLink_Click() {
+    if (!reports_)
+        makeReports();
+    if (!reports_->empty())
+        frmShowReadme(toolkit_).showReport("Archives", "What the chosen archives define twice",
+                                           {reports_->text(), reports_->summary(), {}},
+                                           basis_.game.questions());
 }
 
 void frmPreview::showFiles() {

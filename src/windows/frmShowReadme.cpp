@@ -65,6 +65,7 @@ void frmShowReadme::showReport(const std::string& caption, const std::string& he
             questions.warn("The report could not be saved.\r\n\r\n" + failure);
     };
     setReportVisible(true);
+    chkConflicts.setVisible(!report.conflicts.empty());
     showText(caption, heading, report.text);
     setReportVisible(false);
 }

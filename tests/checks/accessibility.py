@@ -2,9 +2,9 @@
 """Uses the real program as a screen reader does: by the accessibility tree alone.
 
 accessibility.py GAMEDIR: starts GAMEDIR/Vexillum.exe, checks that every control of the main window
-is there by its name, adds the map "Two Lakes" from GAMEDIR/lakes.zip, ticks it, decides in the preview who
-gets its place, launches it, and at the next start removes it. That the game was started and the directory is plain again is looked up on
-the disk.
+is there by its name, adds the map "Two Lakes" from GAMEDIR/lakes.zip, ticks it, decides in the
+preview who gets its place, launches it, and at the next start removes it. That the game was started
+and the directory is plain again is looked up on the disk.
 """
 import os
 import subprocess

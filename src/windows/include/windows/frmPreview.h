@@ -3,8 +3,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "conflict/archive_reports.h"
 #include "cycle/preview.h"
 #include "windows/controls.h"
 #include "windows/toolkit.h"
@@ -39,6 +42,9 @@ class frmPreview : public Window {
     Button cmdEverywhere{*this, "cmdEverywhere", "Use Wherever They Meet"};
     Button cmdAsk{*this, "cmdAsk", "Ask At The Launch"};
     CheckBox chkRemember{*this, "chkRemember", "Remember This"};
+    /// What the archives define against each other.
+    Label lblReports{*this, "lblReports"};
+    Label lblReportsLink{*this, "lblReportsLink", "Show"};
     Button cmdAnswers{*this, "cmdAnswers", "Remembered Answers..."};
     Button cmdDone{*this, "cmdDone", "Close"};
 
@@ -54,12 +60,17 @@ class frmPreview : public Window {
     void use(cycle::Reach reach);
     void cmdAsk_Click();
     void cmdAnswers_Click();
+    void askForReports();
+    void makeReports();
+    void lblReportsLink_Click();
     const cycle::Preview::File* currentFile() const;
     const cycle::Owner* currentRival() const;
 
     Toolkit& toolkit_;
     Basis basis_;
     cycle::Preview preview_;
+    std::vector<conflict::ChosenArchive> archives_;
+    std::optional<conflict::ArchiveReports> reports_;
     /// Of the row that is current, in the order of `treRivals`.
     std::vector<cycle::Owner> rivals_;
 };

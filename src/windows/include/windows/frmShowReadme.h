@@ -21,7 +21,7 @@ class frmShowReadme : public Window {
     Button cmdDone{*this, "cmdDone", "Close"};
     /// Of the log alone.
     ProgressBar barDone{*this, "barDone"};
-    // Of the weapon report alone.
+    // Of reports alone.
     Label lblConflicts{*this, "lblConflicts"};
     CheckBox chkConflicts{*this, "chkConflicts", "Only Conflicts"};
     Button cmdCopy{*this, "cmdCopy", "Copy To Clipboard"};
@@ -41,7 +41,7 @@ class frmShowReadme : public Window {
     struct Report {
         std::string text;
         std::string summary;
-        std::string conflicts; ///< the lines of the text that are conflicts
+        std::string conflicts; ///< the lines of the text that are conflicts; empty for all of them
     };
     void showReport(const std::string& caption, const std::string& heading, const Report& report,
                     platform::Questions& questions);
