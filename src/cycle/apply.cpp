@@ -98,16 +98,21 @@ Listings listingsOf(const releases::GameDirectory& game, const Unfinished& unfin
 
 Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
               const Unfinished& unfinished, const Settled& settled) {
+    return makePlan(listingsOf(game, unfinished), game.questions(), selection, settled);
+}
+
+Plan makePlan(const Listings& listings, platform::Questions& questions, const Selection& selection,
+              const Settled& settled) {
     platform::MessageRow clashes;
     platform::MessageRow programs;
-    return Plan::make(selection, listingsOf(game, unfinished),
+    return Plan::make(selection, listings,
                       {[&](const ClashQuestion& question) {
-                           return settle(question, settled, game.questions(), clashes);
+                           return settle(question, settled, questions, clashes);
                        },
                        [&](const ExeQuestion& question) {
                            if (const auto isGame = exeDecision(question, settled.chosen))
                                return *isGame;
-                           return game.questions().askYesNo(question.text(), &programs);
+                           return questions.askYesNo(question.text(), &programs);
                        }});
 }
 
