@@ -1,0 +1,104 @@
+// A launch without a window. All that it would ask is known, and answered, before the first change.
+#include <utility>
+
+#include "cycle/after_reset.h"
+#include "cycle/apply.h"
+#include "cycle/selection_files.h"
+#include "menumod/modifier_step.h"
+#include "platform/failure.h"
+#include "verbs.h"
+
+namespace commandline {
+namespace {
+
+constexpr auto howToAnswer = "Nothing was changed. Answer with --yes or --no.";
+
+/// What would be asked, worked out over what the reset will leave.
+void refuseOpenQuestions(const Workspace& work, const cycle::Set& selected) {
+    if (work.line.answer)
+        return;
+    if (work.last().lostJournal)
+        throw Stop{wrongUsage, "The journal of the last launch could not be read: whether to go on "
+                               "all the same is a question.\n" +
+                                   std::string(howToAnswer)};
+    const auto listings = cycle::listingsAfterReset(work.game, work.last());
+    if (!listings)
+        throw Stop{wrongUsage,
+                   "Files of the last launch lie in the game directory, and not all of them as it "
+                   "left them. So nobody can tell yet what this launch would ask.\n" +
+                       std::string(howToAnswer) + " Or use --reset first."};
+    QuestionList questions;
+    auto answers = selected.answers;
+    cycle::makePlan(*listings, questions, selected.selection, {nullptr, &answers});
+    if (questions.texts().empty())
+        return;
+    for (const auto& question : questions.texts())
+        work.machine.errors << printable(question) << "\n\n";
+    throw Stop{wrongUsage, howToAnswer};
+}
+
+/// From the selection to the state of the game directory. Throws Stop where nothing was moved.
+void moveFiles(Workspace& work, cycle::Set& selected) {
+    work.refuseRunningGame();
+    refuseOpenQuestions(work, selected);
+    auto unfinished = work.reset();
+    for (const auto& owner : cycle::takeOutMissing(selected.selection, work.store))
+        work.questions.warn("The " + owner.text() +
+                            " is listed as selected but could not be found.");
+    const auto journal =
+        cycle::makePlan(work.game, selected.selection, unfinished, {nullptr, &selected.answers})
+            .journal();
+    if (work.questions.open() > 0)
+        throw Stop{failed,
+                   "The game directory could not be made plain, and now there are questions "
+                   "that neither --yes nor --no answers. No release was moved."};
+    auto& modifier = selected.selection.modifier;
+    std::string problem;
+    const auto runModifier = [&] {
+        auto outcome = menumod::runModifier(work.game, {modifier.compress, modifier.small});
+        modifier.enabled = outcome.isOn;
+        problem = std::move(outcome.problem);
+    };
+    if (!cycle::carryOut(work.game, journal, unfinished,
+                         modifier.enabled ? std::function<void()>(runModifier) : nullptr))
+        throw Stop{failed, "No release was moved."};
+    if (!problem.empty())
+        work.questions.warn(problem);
+}
+
+void save(Workspace& work, const cycle::Set& selected) {
+    try {
+        cycle::saveSels(work.game, selected.selection);
+        if (!work.line.operands.empty() && work.answersWereRead())
+            cycle::saveAnswers(work.game, selected.answers);
+    } catch (const platform::Failure& failure) {
+        work.questions.warn(std::string("The selection could not be saved.\r\n\r\n") +
+                            failure.what());
+    }
+}
+
+} // namespace
+
+ExitCode apply(Workspace& work) {
+    auto selected = work.selected();
+    moveFiles(work, selected);
+    save(work, selected);
+    return work.questions.told() == 0 ? done : failed;
+}
+
+ExitCode launch(Workspace& work) {
+    auto selected = work.selected();
+    moveFiles(work, selected);
+    try {
+        work.machine.programs.start({platform::Command::Kind::program,
+                                     work.game.at(releases::gameProgram), "",
+                                     platform::StartWindow::normal});
+    } catch (const platform::Failure& failure) {
+        work.questions.warn("The program \"" + std::string(releases::gameProgram) +
+                            "\" could not be started.\r\n\r\n" + failure.what());
+    }
+    save(work, selected);
+    return work.questions.told() == 0 ? done : failed;
+}
+
+} // namespace commandline
