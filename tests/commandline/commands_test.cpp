@@ -15,6 +15,11 @@ using testing::HasSubstr;
 class NoPrograms final : public platform::Programs {
   public:
     void start(const platform::Command& /*command*/) override { ADD_FAILURE(); }
+    std::unique_ptr<platform::RunningProgram>
+    startWatched(const platform::Command& command) override {
+        start(command);
+        return nullptr;
+    }
     bool isRunning(const std::string& /*program*/) override { return runs; }
     bool runs = false;
 };

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/disk.h"
+#include "platform/failure.h"
 #include "platform/instance_lock.h"
 #include "platform/programs.h"
 #include "support/game.h"
@@ -37,6 +38,24 @@ TEST(Programs, are_seen_while_they_run) {
     EXPECT_TRUE(comesTo(true));
     EXPECT_FALSE(programs->isRunning(game.folder() + "\\other.exe"));
     EXPECT_TRUE(comesTo(false));
+}
+
+TEST(Programs, can_be_waited_for) {
+    const test::Game game;
+    const auto disk = makeDisk();
+    disk->setGameDirectory(game.folder());
+    game.remove("totala.exe");
+    std::filesystem::copy_file(test::sleeper(), game.at("totala.exe"));
+    const auto programs = makePrograms(*disk);
+    const auto program = programs->startWatched(
+        {Command::Kind::program, game.folder() + "\\TOTALA.EXE", "1", StartWindow::normal});
+    EXPECT_TRUE(program->isRunning());
+    for (int look = 0; look < 500 && program->isRunning(); ++look)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_FALSE(program->isRunning());
+    EXPECT_THROW(programs->startWatched({Command::Kind::program, game.folder() + "\\none.exe", "",
+                                         StartWindow::normal}),
+                 Failure);
 }
 
 TEST(InstanceLock, who_holds_it_hears_the_next_one_and_answers) {

@@ -17,6 +17,7 @@
 #include "platform/disk.h"
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "watched_program.h"
 
 // NOLINTNEXTLINE(readability-redundant-declaration): not every C library declares it
 extern char** environ;
@@ -49,7 +50,26 @@ class PosixPrograms final : public Programs {
         ::sigaction(SIGCHLD, &ignore, nullptr);
     }
 
-    void start(const Command& command) override {
+    void start(const Command& command) override { launch(command, {}); }
+
+    std::unique_ptr<RunningProgram> startWatched(const Command& command) override {
+        auto program = std::make_unique<posix::WatchedProgram>();
+        program->started(launch(command, program->mark()));
+        return program;
+    }
+
+    bool isRunning(const std::string& program) override {
+        const auto path = disk_.systemPath(program);
+        std::error_code error;
+        for (const auto& process : std::filesystem::directory_iterator("/proc", error))
+            if (runs(process.path(), path))
+                return true;
+        return false;
+    }
+
+  private:
+    /// With one more variable in its environment, if there is one.
+    pid_t launch(const Command& command, std::string variable) {
         const auto path = disk_.systemPath(command.target);
         // The opener of the desktop refuses these too, but says so to nobody.
         if (command.kind == Command::Kind::open && ::access(path.c_str(), F_OK) != 0)
@@ -63,20 +83,15 @@ class PosixPrograms final : public Programs {
             words = {path};
         if (!command.arguments.empty())
             words.push_back(command.arguments);
-        spawn(words, command.kind == Command::Kind::program ? folderOf(path) : std::string(),
-              command.handedOver);
+        std::vector<std::string> variables;
+        if (!variable.empty())
+            variables.push_back(std::move(variable));
+        if (!command.handedOver.empty() && command.handedOver.size() < longestVariable)
+            variables.push_back(handedOverVariable + ("=" + command.handedOver));
+        return spawn(words, command.kind == Command::Kind::program ? folderOf(path) : std::string(),
+                     variables);
     }
 
-    bool isRunning(const std::string& program) override {
-        const auto path = disk_.systemPath(program);
-        std::error_code error;
-        for (const auto& process : std::filesystem::directory_iterator("/proc", error))
-            if (runs(process.path(), path))
-                return true;
-        return false;
-    }
-
-  private:
     /// Other people's processes show nothing.
     static bool runs(const std::filesystem::path& process, const std::string& program) {
         std::error_code error;
@@ -101,19 +116,18 @@ class PosixPrograms final : public Programs {
         return path.substr(0, path.find_last_of('/'));
     }
 
-    static void spawn(std::vector<std::string>& words, const std::string& folder,
-                      const std::string& handedOver) {
+    static pid_t spawn(std::vector<std::string>& words, const std::string& folder,
+                       std::vector<std::string>& variables) {
         std::vector<char*> arguments;
         arguments.reserve(words.size() + 1);
         for (auto& word : words)
             arguments.push_back(word.data());
         arguments.push_back(nullptr);
-        auto extra = handedOverVariable + ("=" + handedOver);
         std::vector<char*> environment;
         for (auto** variable = environ; *variable != nullptr; ++variable)
             environment.push_back(*variable);
-        if (!handedOver.empty() && extra.size() < longestVariable)
-            environment.push_back(extra.data());
+        for (auto& variable : variables)
+            environment.push_back(variable.data());
         environment.push_back(nullptr);
         posix_spawn_file_actions_t actions{};
         ::posix_spawn_file_actions_init(&actions);
@@ -130,6 +144,7 @@ class PosixPrograms final : public Programs {
         if (error != 0)
             throw Failure("start", words[0],
                           error == ENOENT ? whatToInstall(words[0]) : std::strerror(error));
+        return child;
     }
 
     Disk& disk_;

@@ -2,6 +2,8 @@
 // program wants them, and also opens folders, texts and pages.
 #include "platform/programs.h"
 
+#include <utility>
+
 #include <windows.h>
 
 #include <shellapi.h>
@@ -11,6 +13,7 @@
 #include "platform/failure.h"
 #include "system_error.h"
 #include "system_text.h"
+#include "watched_program.h"
 
 namespace platform {
 namespace {
@@ -34,30 +37,23 @@ class WindowsPrograms final : public Programs {
   public:
     explicit WindowsPrograms(Disk& disk) : disk_(disk) {}
 
-    void start(const Command& command) override {
+    void start(const Command& command) override { startByShell(command, 0); }
+
+    /// The shell alone asks for an administrator's rights; what it starts cannot be put into a job.
+    std::unique_ptr<RunningProgram> startWatched(const Command& command) override {
+        auto program = std::make_unique<windows::WatchedProgram>();
         const auto path = windows::wide(disk_.systemPath(command.target));
-        const auto arguments = windows::wide(command.arguments);
-        // With the separator: "C:" alone would be the current folder of that drive.
-        const auto folder = path.substr(0, path.rfind(L'\\') + 1);
-        const bool isProgram = command.kind == Command::Kind::program;
-        SHELLEXECUTEINFOW info{};
-        info.cbSize = sizeof info;
-        // The shell's own boxes would say the same once more.
-        info.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
-        info.lpFile = path.c_str();
-        info.lpParameters = arguments.empty() ? nullptr : arguments.c_str();
-        info.lpDirectory = isProgram ? folder.c_str() : nullptr;
-        info.nShow = showCommand(command.window);
-        const auto handedOver = windows::wide(command.handedOver);
-        const bool isHandedOver = !handedOver.empty() && handedOver.size() < longestVariable;
-        if (isHandedOver)
-            SetEnvironmentVariableW(handedOverVariable, handedOver.c_str());
-        const bool isStarted = ShellExecuteExW(&info) != 0;
-        const auto error = windows::lastError();
-        if (isHandedOver)
-            SetEnvironmentVariableW(handedOverVariable, nullptr);
-        if (!isStarted)
-            throw Failure(isProgram ? "start" : "open", command.target, error);
+        auto commandLine = L"\"" + path + L"\"";
+        if (!command.arguments.empty())
+            commandLine += L" " + windows::wide(command.arguments);
+        if (!program->start(path, std::move(commandLine), path.substr(0, path.rfind(L'\\') + 1),
+                            static_cast<WORD>(showCommand(command.window)))) {
+            if (GetLastError() != ERROR_ELEVATION_REQUIRED)
+                throw Failure("start", command.target, windows::lastError());
+            if (HANDLE process = startByShell(command, SEE_MASK_NOCLOSEPROCESS); process != nullptr)
+                program->watch(process);
+        }
+        return program;
     }
 
     bool isRunning(const std::string& program) override {
@@ -76,6 +72,34 @@ class WindowsPrograms final : public Programs {
     }
 
   private:
+    /// Gives back the process where the mask asks for it.
+    HANDLE startByShell(const Command& command, ULONG mask) {
+        const auto path = windows::wide(disk_.systemPath(command.target));
+        const auto arguments = windows::wide(command.arguments);
+        // With the separator: "C:" alone would be the current folder of that drive.
+        const auto folder = path.substr(0, path.rfind(L'\\') + 1);
+        const bool isProgram = command.kind == Command::Kind::program;
+        SHELLEXECUTEINFOW info{};
+        info.cbSize = sizeof info;
+        // The shell's own boxes would say the same once more.
+        info.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC | mask;
+        info.lpFile = path.c_str();
+        info.lpParameters = arguments.empty() ? nullptr : arguments.c_str();
+        info.lpDirectory = isProgram ? folder.c_str() : nullptr;
+        info.nShow = showCommand(command.window);
+        const auto handedOver = windows::wide(command.handedOver);
+        const bool isHandedOver = !handedOver.empty() && handedOver.size() < longestVariable;
+        if (isHandedOver)
+            SetEnvironmentVariableW(handedOverVariable, handedOver.c_str());
+        const bool isStarted = ShellExecuteExW(&info) != 0;
+        const auto error = windows::lastError();
+        if (isHandedOver)
+            SetEnvironmentVariableW(handedOverVariable, nullptr);
+        if (!isStarted)
+            throw Failure(isProgram ? "start" : "open", command.target, error);
+        return info.hProcess;
+    }
+
     static bool isProgram(DWORD number, const std::wstring& path) {
         HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, number);
         if (process == nullptr)

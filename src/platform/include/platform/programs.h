@@ -30,6 +30,20 @@ struct Command {
 /// starts does not get it.
 std::string takeHandedOver();
 
+/// A program that was started to be waited for. It outlives this object, and this program.
+class RunningProgram {
+  public:
+    RunningProgram() = default;
+    virtual ~RunningProgram() = default;
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
+
+    /// Whether it runs, or any program that it has started, at whatever remove. What wine leaves
+    /// behind for the next program does not count. Cheap enough for a few times a second. Where the
+    /// system tells of the program alone, those that it starts go unseen.
+    virtual bool isRunning() = 0;
+};
+
 /// Starts programs and does not wait for them. A program runs in the folder that it lies in, and
 /// outlives this one.
 class Programs {
@@ -43,6 +57,9 @@ class Programs {
     /// (wine, the desktop's opener), the failure names that. How a program fares once it runs is
     /// not told.
     virtual void start(const Command& command) = 0;
+
+    /// The same for a program that is to be waited for. Throws as start does.
+    virtual std::unique_ptr<RunningProgram> startWatched(const Command& command) = 0;
 
     /// Whether a program runs, by its file; one of Windows also where it runs through wine in its
     /// own folder. False where the system does not tell.

@@ -1,0 +1,26 @@
+// A program in a job of its own, which all that it starts belong to.
+#pragma once
+
+#include <string>
+
+#include "handle.h"
+#include "platform/programs.h"
+
+namespace platform::windows {
+
+class WatchedProgram final : public RunningProgram {
+  public:
+    /// Starts it, with `commandLine` (the program ahead) in `folder`. False where Windows does not,
+    /// with its last error set.
+    bool start(const std::wstring& program, std::wstring commandLine, const std::wstring& folder,
+               WORD showCommand);
+    /// Watches one that runs already, without those that it starts.
+    void watch(HANDLE process) { process_ = Handle(process); }
+    bool isRunning() override;
+
+  private:
+    Handle job_;
+    Handle process_;
+};
+
+} // namespace platform::windows
