@@ -12,9 +12,24 @@ namespace {
 
 constexpr std::string_view modifierFile = "selTrlx.txt";
 constexpr std::string_view answersFile = "Answers.txt";
+constexpr std::string_view afterGameFile = "AfterGame.txt";
+constexpr std::string_view comesBackIs = "Come back when the game ends: ";
 
 std::string pathOf(const releases::GameDirectory& game, std::string_view file) {
     return game.inDataTree("VXL-Sel\\" + std::string(file));
+}
+
+/// Gives back why a file that is there cannot be read.
+std::string readIfThere(const releases::GameDirectory& game, const std::string& path,
+                        const std::function<void(const std::string&)>& take) {
+    if (game.disk().kindOf(path) == platform::EntryKind::none)
+        return {};
+    try {
+        take(game.disk().readFile(path));
+    } catch (const platform::Failure& failure) {
+        return platform::shownPath(path) + ": " + failure.reason();
+    }
+    return {};
 }
 
 /// All files or none, unless the disk fails in between.
@@ -53,14 +68,22 @@ std::vector<std::string> readSels(const releases::GameDirectory& game, Selection
 std::string readAnswers(const releases::GameDirectory& game, Decisions& answers) {
     const auto path = pathOf(game, answersFile);
     answers.clear();
-    if (game.disk().kindOf(path) == platform::EntryKind::none)
-        return {};
-    try {
-        answers.readText(game.disk().readFile(path));
-    } catch (const platform::Failure& failure) {
-        return platform::shownPath(path) + ": " + failure.reason();
-    }
-    return {};
+    return readIfThere(game, path, [&](const auto& text) { answers.readText(text); });
+}
+
+std::string readComesBack(const releases::GameDirectory& game, bool& comesBack) {
+    comesBack = false;
+    return readIfThere(game, pathOf(game, afterGameFile), [&](const auto& text) {
+        for (const auto& line : platform::splitLines(text))
+            comesBack =
+                comesBack || platform::equalIgnoringCase(line, std::string(comesBackIs) + "yes");
+    });
+}
+
+void saveComesBack(const releases::GameDirectory& game, bool comesBack) {
+    game.disk().replaceFile(pathOf(game, afterGameFile), std::string(comesBackIs) +
+                                                             (comesBack ? "Yes" : "No") +
+                                                             std::string(platform::lineBreak));
 }
 
 void saveAnswers(const releases::GameDirectory& game, const Decisions& answers) {

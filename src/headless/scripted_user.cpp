@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::string_view answerWord = "answer";
 constexpr std::string_view meanwhileWord = "meanwhile";
+constexpr std::string_view playingWord = "playing";
 
 bool begins(const std::optional<std::string>& line, std::string_view word) {
     return line && line->starts_with(word) &&
@@ -33,6 +34,8 @@ std::string ScriptedUser::nextLine() {
             answers_.push_back(cutWord(*line).second);
         else if (begins(line, meanwhileWord))
             meanwhile_.push_back(cutWord(*line).second);
+        else if (begins(line, playingWord))
+            playing_.push_back(cutWord(*line).second);
         else
             return *line;
     }
@@ -43,6 +46,11 @@ std::vector<std::string> ScriptedUser::takeMeanwhile() {
         while (begins(script_.peek(), meanwhileWord))
             meanwhile_.push_back(cutWord(*script_.take()).second);
     return std::exchange(meanwhile_, {});
+}
+
+void ScriptedUser::beginsToPlay() {
+    for (auto& line : std::exchange(playing_, {}))
+        meanwhile_.push_back(std::move(line));
 }
 
 std::optional<std::string> ScriptedUser::nextAnswer() {

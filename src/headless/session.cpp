@@ -40,6 +40,15 @@ void SessionToolkit::hide(Window& window) {
     user_.tell(hideEvent(window));
 }
 
+void SessionToolkit::minimize(Window& window) {
+    user_.tell(minimizeEvent(window));
+    user_.beginsToPlay();
+}
+
+void SessionToolkit::restore(Window& window) {
+    user_.tell(restoreEvent(window));
+}
+
 void SessionToolkit::showModal(Window& window) {
     open(window, true);
     while (window.visible())

@@ -16,6 +16,14 @@ std::string shownText(std::string_view text) {
     return platform::replaceAll(platform::toUtf8(text), platform::lineBreak, "\n");
 }
 
+namespace {
+
+Event windowEvent(const char* event, const windows::Window& window) {
+    return {{"event", event}, {"window", window.name()}, {"title", shownText(window.text())}};
+}
+
+} // namespace
+
 Event showEvent(const windows::Window& window, bool modal) {
     return {{"event", "show"},
             {"window", window.name()},
@@ -24,7 +32,15 @@ Event showEvent(const windows::Window& window, bool modal) {
 }
 
 Event hideEvent(const windows::Window& window) {
-    return {{"event", "hide"}, {"window", window.name()}, {"title", shownText(window.text())}};
+    return windowEvent("hide", window);
+}
+
+Event minimizeEvent(const windows::Window& window) {
+    return windowEvent("minimize", window);
+}
+
+Event restoreEvent(const windows::Window& window) {
+    return windowEvent("restore", window);
 }
 
 Event messageEvent(const windows::MessageBox& box, const windows::MessageAnswer& answer) {

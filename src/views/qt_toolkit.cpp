@@ -155,11 +155,28 @@ void QtToolkit::raise() {
         front = mainView_;
     if (mainView_ == nullptr || front == nullptr)
         return;
-    for (auto* window : {static_cast<QWidget*>(mainView_), front}) {
-        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-        window->raise();
-    }
+    bringToFront(*mainView_);
+    bringToFront(*front);
     front->activateWindow();
+}
+
+void QtToolkit::bringToFront(QWidget& window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+}
+
+void QtToolkit::minimize(windows::Window& window) {
+    processEvents(false);
+    viewOf(window)->showMinimized();
+}
+
+/// Where the desktop lets no window come to the front by itself, it asks for attention.
+void QtToolkit::restore(windows::Window& window) {
+    auto* view = viewOf(window);
+    bringToFront(*view);
+    view->activateWindow();
+    QApplication::alert(view);
+    processEvents(false);
 }
 
 void QtToolkit::closeMain() {

@@ -71,6 +71,8 @@ void frmMain::wire() {
     cmdClean.onClick = [this] { cmdClean_Click(); };
     mnuFLaunch.onClick = [this] { cmdGo_Click(); };
     mnuFRevert.onClick = [this] { cmdRevert_Click(); };
+    mnuFComeBack.makeCheckable();
+    mnuFComeBack.onClick = [this] { mnuFComeBack_Click(); };
     mnuFExitVXL.onClick = [this] { Form_Unload(); };
     mnuFCweapon.onClick = [this] { mnuFCweapon_Click(); };
     mnuHVXLHelp.onClick = [this] { openHelp("Index"); };

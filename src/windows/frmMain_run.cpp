@@ -57,6 +57,7 @@ void frmMain::Init() {
     store_.read();
     readSelection();
     readAnswers();
+    readComesBack();
     resetGameDirectory();
     takeBackCleared();
 }
@@ -95,11 +96,7 @@ void frmMain::waitForGame() {
 
 /// What would fail at the launch is told ahead of it.
 void frmMain::checkGameDirectory() {
-    const auto program = game_.at(releases::gameProgram);
-    lblGo.setText(game_.DoesFileExist(program)
-                      ? ""
-                      : "\"" + std::string(releases::gameProgram) + "\" was not found here.");
-    lblGo.setVisible(!lblGo.text().empty());
+    lookForGame();
     std::vector<std::string> closed;
     for (const auto& folder : {game_.TADir(), game_.at(releases::dataTree),
                                game_.inDataTree("VXL-Changes"), game_.inDataTree("VXL-Sel")})
@@ -234,6 +231,8 @@ void frmMain::Form_Unload() {
 void frmMain::cmdGo_Click() {
     if (!moveFiles())
         return;
+    if (comesBack_)
+        return playAndComeBack();
     startProgram(std::string(releases::gameProgram));
     saveSelsOrTell();
     endProgram();
@@ -284,8 +283,12 @@ void frmMain::startProgram(const std::string& name, const std::string& arguments
         machine_.programs.start({platform::Command::Kind::program, game_.at(name), arguments,
                                  platform::StartWindow::normal, handedOver});
     } catch (const platform::Failure& failure) {
-        warn("The program \"" + name + "\" could not be started.\r\n\r\n" + failure.what());
+        warnNotStarted(name, failure);
     }
+}
+
+void frmMain::warnNotStarted(const std::string& name, const platform::Failure& failure) {
+    warn("The program \"" + name + "\" could not be started.\r\n\r\n" + failure.what());
 }
 
 void frmMain::endProgram() {

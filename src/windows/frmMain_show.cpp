@@ -56,6 +56,7 @@ void frmMain::show(List list) {
     mnuMMenable.setChecked(modifier.enabled);
     mnuMMcompress.setChecked(modifier.compress);
     mnuMMsmall.setChecked(modifier.small);
+    mnuFComeBack.setChecked(comesBack_);
     mnuMMcompress.setEnabled(modifier.enabled);
     mnuMMsmall.setEnabled(modifier.enabled);
     showBadges();

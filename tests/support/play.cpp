@@ -24,6 +24,8 @@ Session play(const Game& game, const std::string& script, const Play& how) {
     auto& disk = how.disk != nullptr ? *how.disk : *own;
     headless::RecordedPrograms programs(disk, transcript);
     programs.looksWhileRunning = how.looksWhileGameRuns;
+    programs.looksWhileWatched = how.looksWhilePlaying;
+    programs.failure = how.startFailure;
     windows::frmMain main({disk, *toolkit, programs, game.folder(), "", how.commandLine});
     try {
         main.run();

@@ -29,7 +29,9 @@ struct Play {
     /// The disk that the program gets; the machine's own if there is none.
     platform::Disk* disk = nullptr;
     MakeToolkit makeToolkit = withoutScreen;
-    int looksWhileGameRuns = 0; ///< at the start
+    int looksWhileGameRuns = 0;    ///< at the start
+    int looksWhilePlaying = 0;     ///< while the program waits for the end of the game
+    std::string startFailure = {}; ///< why no program can be started
 };
 
 /// What cut a session short, or how it ended.

@@ -9,6 +9,8 @@
 //   PATH
 //   #: fail PATH             with the session before it: every change of PATH fails
 //   #: running N             with the session before it: N looks find the game running
+//   #: playing N             the same for the game that the program waits for
+//   #: no programs           with the session before it: no program can be started
 //   #> EVENT                 what the user sees; "..." stands for any text
 //   #= CONTROL[.FIELD] TEXT  the state at this place of the script
 //   #: has PATH [= TEXT], #: no PATH
@@ -106,6 +108,14 @@ class Story {
             running_ = std::stoi(rest);
             return;
         }
+        if (word == "playing") {
+            playing_ = std::stoi(rest);
+            return;
+        }
+        if (line == "no programs") {
+            startFailure_ = "The system says no";
+            return;
+        }
         if (word == "fail") {
             failing_.insert(platform::foldCase(diskPath(rest)));
             return;
@@ -193,6 +203,8 @@ class Story {
         cutPath_.clear();
         failing_.clear();
         running_ = 0;
+        playing_ = 0;
+        startFailure_.clear();
         lastWasState_ = false;
     }
 
@@ -209,7 +221,9 @@ class Story {
         });
         Session session;
         try {
-            session = test::play(game_, script_, {commandLine_, &faulty, makeToolkit_, running_});
+            session = test::play(
+                game_, script_,
+                {commandLine_, &faulty, makeToolkit_, running_, playing_, startFailure_});
         } catch (const PowerCut&) {
             return;
         }
@@ -285,6 +299,8 @@ class Story {
     std::string cutPath_;
     std::set<std::string> failing_;
     int running_ = 0;
+    int playing_ = 0;
+    std::string startFailure_;
     bool lastWasState_ = false;
     int looks_ = 0;
     std::map<std::string, packing::PackedFiles> packed_;

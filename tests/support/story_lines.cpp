@@ -47,7 +47,7 @@ std::string lineOf(const Event& event, const std::string& folder) {
     if (kind == "show")
         line += told(event["window"]) + " " + told(event["title"]) +
                 (event["modal"].get<bool>() ? " (modal)" : "");
-    else if (kind == "hide")
+    else if (kind == "hide" || kind == "minimize" || kind == "restore")
         line += told(event["window"]);
     else if (kind == "log" || kind == "refused")
         line += told(event["line"]);
@@ -67,7 +67,8 @@ std::string lineOf(const Event& event, const std::string& folder) {
 
 bool mayGoUntold(const Event& event) {
     const auto kind = event["event"].get<std::string>();
-    return kind == "show" || kind == "hide" || kind == "log";
+    return kind == "show" || kind == "hide" || kind == "minimize" || kind == "restore" ||
+           kind == "log";
 }
 
 std::string stateText(const Event& state, const std::string& field) {

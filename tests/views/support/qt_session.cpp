@@ -78,6 +78,19 @@ void QtSessionToolkit::hide(windows::Window& window) {
         user_.tell(headless::hideEvent(window));
 }
 
+void QtSessionToolkit::minimize(windows::Window& window) {
+    QtToolkit::minimize(window);
+    EXPECT_TRUE(viewOf(window)->isMinimized());
+    user_.tell(headless::minimizeEvent(window));
+    user_.beginsToPlay();
+}
+
+void QtSessionToolkit::restore(windows::Window& window) {
+    QtToolkit::restore(window);
+    EXPECT_FALSE(viewOf(window)->isMinimized());
+    user_.tell(headless::restoreEvent(window));
+}
+
 void QtSessionToolkit::showModal(windows::Window& window) {
     user_.tell(headless::showEvent(window, true));
     QtToolkit::showModal(window);

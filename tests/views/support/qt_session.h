@@ -16,6 +16,8 @@ class QtSessionToolkit final : public views::QtToolkit {
 
     void show(windows::Window& window) override;
     void hide(windows::Window& window) override;
+    void minimize(windows::Window& window) override;
+    void restore(windows::Window& window) override;
     void showModal(windows::Window& window) override;
     windows::MessageAnswer showMessage(const windows::MessageBox& box) override;
     std::optional<std::string> askForText(const windows::InputBox& box) override;

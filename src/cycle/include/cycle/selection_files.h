@@ -29,6 +29,11 @@ void killSels(const releases::GameDirectory& game);
 std::string readAnswers(const releases::GameDirectory& game, Decisions& answers);
 void saveAnswers(const releases::GameDirectory& game, const Decisions& answers);
 
+/// Whether the program comes back when the game ends, in a file likewise. Without the file, or
+/// where it says nothing of it, it does not. Fails as for the answers.
+std::string readComesBack(const releases::GameDirectory& game, bool& comesBack);
+void saveComesBack(const releases::GameDirectory& game, bool comesBack);
+
 /// A selection as one text and back, without the modifier: a line for each name, behind its type.
 std::string textOf(const Selection& selection);
 void readText(std::string_view text, Selection& selection);

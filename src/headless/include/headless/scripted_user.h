@@ -21,14 +21,18 @@ class ScriptedUser {
   public:
     ScriptedUser(Script& script, Transcript transcript);
 
-    /// What he does next where the program waits for him; answers and `meanwhile` lines on the way
-    /// are put aside. Throws ScriptEnd.
+    /// What he does next where the program waits for him; answers, `meanwhile` and `playing` lines
+    /// on the way are put aside. Throws ScriptEnd.
     std::string nextLine();
 
     /// The lines that he does while the program works, without their `meanwhile`. Each is given
     /// once. Until the program has waited for him, those that the script goes on with are among
     /// them. Costs next to nothing where there are none.
     std::vector<std::string> takeMeanwhile();
+
+    /// The game runs and he sits before it: `playing` lines are done the next time that the program
+    /// lets events run.
+    void beginsToPlay();
 
     /// His answer to a box. Throws BadLine for one that the box does not know.
     windows::MessageAnswer choose(const windows::MessageBox& box);
@@ -46,6 +50,7 @@ class ScriptedUser {
     Transcript transcript_;
     std::deque<std::string> answers_;
     std::vector<std::string> meanwhile_;
+    std::vector<std::string> playing_;
     bool wasWaitedFor_ = false;
     int boxes_ = 0;
 };

@@ -20,6 +20,8 @@ class SessionToolkit : public windows::Toolkit {
     void unload(windows::Window& window) override;
     void show(windows::Window& window) override;
     void hide(windows::Window& window) override;
+    void minimize(windows::Window& window) override;
+    void restore(windows::Window& window) override;
     void showModal(windows::Window& window) override;
     windows::MessageAnswer showMessage(const windows::MessageBox& box) override;
     std::optional<std::string> askForText(const windows::InputBox& box) override;

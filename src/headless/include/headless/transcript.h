@@ -23,6 +23,8 @@ std::string shownText(std::string_view text);
 
 Event showEvent(const windows::Window& window, bool modal);
 Event hideEvent(const windows::Window& window);
+Event minimizeEvent(const windows::Window& window);
+Event restoreEvent(const windows::Window& window);
 Event messageEvent(const windows::MessageBox& box, const windows::MessageAnswer& answer);
 Event inputEvent(const windows::InputBox& box, const std::optional<std::string>& answer);
 Event fileDialogEvent(const windows::FileDialog& dialog, const std::optional<std::string>& answer);

@@ -28,6 +28,8 @@ class QtToolkit : public windows::Toolkit {
     void unload(windows::Window& window) override;
     void show(windows::Window& window) override;
     void hide(windows::Window& window) override;
+    void minimize(windows::Window& window) override;
+    void restore(windows::Window& window) override;
     void showModal(windows::Window& window) override;
     windows::MessageAnswer showMessage(const windows::MessageBox& box) override;
     std::optional<std::string> askForText(const windows::InputBox& box) override;
@@ -71,6 +73,7 @@ class QtToolkit : public windows::Toolkit {
 
   private:
     void open(windows::Window& window, Qt::WindowModality modality);
+    static void bringToFront(QWidget& window);
     void putOverOwner(WindowView& view);
     static void keepOnScreen(WindowView& view);
     QWidget* boxParent() const;

@@ -17,6 +17,7 @@
 #include "cycle/plan.h"
 #include "cycle/selection.h"
 #include "cycle/unfinished.h"
+#include "platform/failure.h"
 #include "releases/game_directory.h"
 #include "releases/release_types.h"
 #include "releases/store.h"
@@ -101,6 +102,7 @@ class frmMain : public Window {
     Menu mnuMain{*this, "mnuMain", "&Main"};
     MenuItem mnuFLaunch{*this, mnuMain, "mnuFLaunch", "&Launch TA", "Ctrl+G"};
     MenuItem mnuFRevert{*this, mnuMain, "mnuFRevert", "&Revert", "Ctrl+R"};
+    MenuItem mnuFComeBack{*this, mnuMain, "mnuFComeBack", "&Come Back When The Game Ends", ""};
     MenuItem mnuFExitVXL{*this, mnuMain, "mnuFExitVXL", "&Exit VXL", "Ctrl+Q"};
     Menu mnuUtilities{*this, "mnuUtilities", "&Utilities"};
     MenuItem mnuUfilelister{*this, mnuUtilities, "mnuUfilelister", "&File Lister", "Ctrl+F"};
@@ -163,9 +165,18 @@ class frmMain : public Window {
     void cmdGo_Click();
     void mnuFCweapon_Click();
     void saveSelsOrTell();
+    void warnNotStarted(const std::string& name, const platform::Failure& failure);
     void startProgram(const std::string& name, const std::string& arguments = {},
                       const std::string& handedOver = {});
     [[noreturn]] void endProgram();
+
+    // frmMain_game.cpp: the game runs, and the program waits for its end
+    void readComesBack();
+    void mnuFComeBack_Click();
+    void playAndComeBack();
+    void waitForEnd(platform::RunningProgram& running);
+    void lookForGame();
+    void showGame(const std::string& state);
 
     // frmMain_list.cpp: tabs and the list
     void tspMain_Click();
@@ -234,6 +245,8 @@ class frmMain : public Window {
     std::unique_ptr<frmWorking> working_;
 
     bool widcfRun = false;
+    bool comesBack_ = false; ///< when the game ends
+    Wish leaving_;           ///< while the game runs
     cycle::Selection selection_;
     cycle::Unfinished unfinished_;
     /// What need not be asked at the launch.

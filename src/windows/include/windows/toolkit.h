@@ -58,6 +58,9 @@ class Toolkit {
 
     virtual void show(Window& window) = 0;
     virtual void hide(Window& window) = 0;
+    /// Puts a window that is shown out of the way, and brings it back to the front.
+    virtual void minimize(Window& window) = 0;
+    virtual void restore(Window& window) = 0;
     /// Shows a window and handles what the user does until it is hidden. Windows below it take no
     /// input meanwhile.
     virtual void showModal(Window& window) = 0;

@@ -1,0 +1,90 @@
+// The game and the program in turn: the one runs, the other waits and then goes on as it was.
+#include "cycle/selection_files.h"
+#include "platform/failure.h"
+#include "windows/frmMain.h"
+#include "windows/title.h"
+
+namespace windows {
+namespace {
+
+constexpr int betweenLooks = 500;
+constexpr auto gameRuns = "The game is running. Vexillum comes back when it ends.";
+
+} // namespace
+
+void frmMain::readComesBack() {
+    const auto failure = cycle::readComesBack(game_, comesBack_);
+    if (!failure.empty())
+        warn("Whether to come back when the game ends could not be read, so Vexillum does "
+             "not:\r\n\r\n" +
+             failure);
+}
+
+/// Where it cannot be remembered it holds for this run.
+void frmMain::mnuFComeBack_Click() {
+    comesBack_ = !comesBack_;
+    show(List::stays);
+    try {
+        cycle::saveComesBack(game_, comesBack_);
+    } catch (const platform::Failure& failure) {
+        warn(std::string("This setting could not be remembered.\r\n\r\n") + failure.what());
+    }
+}
+
+/// Whatever becomes of this program while it waits, the next start finds what a launch leaves
+/// without it.
+void frmMain::playAndComeBack() {
+    saveSelsOrTell();
+    removeUnusedTexts();
+    setResting(true);
+    log_.close();
+    const std::string name(releases::gameProgram);
+    std::unique_ptr<platform::RunningProgram> game;
+    try {
+        game = machine_.programs.startWatched(
+            {platform::Command::Kind::program, game_.at(name), "", platform::StartWindow::normal});
+    } catch (const platform::Failure& failure) {
+        warnNotStarted(name, failure);
+    }
+    if (game != nullptr)
+        waitForEnd(*game);
+    platform::attempt([this] { resetGameDirectory(); });
+    lookForGame();
+    show();
+    setResting(false);
+}
+
+/// The user may have started the game once more, by other means.
+void frmMain::waitForEnd(platform::RunningProgram& running) {
+    showGame(gameRuns);
+    setText(std::string(applicationTitle) + ": the game is running");
+    toolkit().minimize(*this);
+    leaving_.noted = false;
+    closeWish = &leaving_;
+    const auto program = game_.at(releases::gameProgram);
+    tmrSleep.setInterval(betweenLooks);
+    while (running.isRunning() || machine_.programs.isRunning(program)) {
+        tmrSleep.setEnabled(true);
+        while (tmrSleep.enabled() && !leaving_.noted)
+            toolkit().waitForTimer();
+        if (leaving_.noted)
+            endProgram();
+    }
+    closeWish = nullptr;
+    setText(applicationTitle);
+    toolkit().restore(*this);
+}
+
+void frmMain::lookForGame() {
+    showGame(game_.DoesFileExist(game_.at(releases::gameProgram))
+                 ? ""
+                 : "\"" + std::string(releases::gameProgram) + "\" was not found here.");
+}
+
+/// Below the button that starts it.
+void frmMain::showGame(const std::string& state) {
+    lblGo.setText(state);
+    lblGo.setVisible(!state.empty());
+}
+
+} // namespace windows
