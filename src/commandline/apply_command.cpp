@@ -1,4 +1,8 @@
 // A launch without a window. All that it would ask is known, and answered, before the first change.
+#include <chrono>
+#include <memory>
+#include <ostream>
+#include <thread>
 #include <utility>
 
 #include "cycle/after_reset.h"
@@ -77,6 +81,30 @@ void save(Workspace& work, const cycle::Set& selected) {
     }
 }
 
+/// Null where it could not be started, or is not to be waited for.
+std::unique_ptr<platform::RunningProgram> startGame(Workspace& work) {
+    const platform::Command game{platform::Command::Kind::program,
+                                 work.game.at(releases::gameProgram), "",
+                                 platform::StartWindow::normal};
+    try {
+        if (work.line.wait)
+            return work.machine.programs.startWatched(game);
+        work.machine.programs.start(game);
+    } catch (const platform::Failure& failure) {
+        work.questions.warn("The program \"" + std::string(releases::gameProgram) +
+                            "\" could not be started.\r\n\r\n" + failure.what());
+    }
+    return nullptr;
+}
+
+/// The user may have started the game once more, by other means.
+void waitForEnd(Workspace& work, platform::RunningProgram& game) {
+    constexpr auto betweenLooks = std::chrono::milliseconds(250);
+    work.machine.output << "The game is running." << std::endl;
+    while (game.isRunning() || work.gameRuns())
+        std::this_thread::sleep_for(betweenLooks);
+}
+
 } // namespace
 
 ExitCode apply(Workspace& work) {
@@ -86,18 +114,17 @@ ExitCode apply(Workspace& work) {
     return work.questions.told() == 0 ? done : failed;
 }
 
+/// Whatever becomes of this program while it waits, the next start finds what a launch leaves
+/// without it.
 ExitCode launch(Workspace& work) {
     auto selected = work.selected();
     moveFiles(work, selected);
-    try {
-        work.machine.programs.start({platform::Command::Kind::program,
-                                     work.game.at(releases::gameProgram), "",
-                                     platform::StartWindow::normal});
-    } catch (const platform::Failure& failure) {
-        work.questions.warn("The program \"" + std::string(releases::gameProgram) +
-                            "\" could not be started.\r\n\r\n" + failure.what());
-    }
     save(work, selected);
+    const auto game = startGame(work);
+    if (game)
+        waitForEnd(work, *game);
+    if (work.line.wait)
+        work.reset();
     return work.questions.told() == 0 ? done : failed;
 }
 
