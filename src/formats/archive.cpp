@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <unordered_set>
 
 #include <libdeflate.h>
@@ -25,6 +26,10 @@ constexpr std::size_t folderRecordSize = 8;
 constexpr std::size_t chunkHeaderSize = 19;
 constexpr std::size_t pieceSize = 65536;
 constexpr std::size_t longestName = 255;
+
+constexpr std::uint8_t stored = 0;
+constexpr std::uint8_t lz77 = 1;
+constexpr std::uint8_t zlib = 2;
 
 [[noreturn]] void damaged(const std::string& reason) {
     throw platform::Failure("extract", "an entry", reason);
@@ -54,6 +59,11 @@ std::uint32_t wordIn(std::span<const std::uint8_t> bytes, std::size_t at) {
            static_cast<std::uint32_t>(bytes[at + 3]) << 24U;
 }
 
+/// Bytes of the table of chunks ahead of a packed file's data.
+std::uint64_t tableSize(std::uint32_t fileSize) {
+    return (fileSize + std::uint64_t{pieceSize} - 1) / pieceSize * 4;
+}
+
 /// Undoes a whole chunk into `to`, which has the length that the piece must have.
 void unpackChunk(std::span<std::uint8_t> chunk, std::span<std::uint8_t> to) {
     if (chunk.size() < chunkHeaderSize || wordIn(chunk, 0) != chunkMarker)
@@ -72,9 +82,9 @@ void unpackChunk(std::span<std::uint8_t> chunk, std::span<std::uint8_t> to) {
     if (encrypted)
         for (std::size_t i = 0; i < data.size(); ++i)
             data[i] = static_cast<std::uint8_t>((data[i] - i) ^ i);
-    const bool worked = compression == 1   ? unpackLz77(data, to)
-                        : compression == 2 ? unpackZlib(data, to)
-                                           : false;
+    const bool worked = compression == lz77   ? unpackLz77(data, to)
+                        : compression == zlib ? unpackZlib(data, to)
+                                              : false;
     if (!worked)
         damaged("a chunk cannot be unpacked");
 }
@@ -161,25 +171,28 @@ void Archive::listFolder(const Folder& folder, std::vector<Folder>& open) {
     const std::uint64_t list = wordAt(folder.record + 4ULL);
     const std::uint64_t mostEntries = bytes_.size() / entrySize;
     std::string name;
-    for (std::uint64_t i = 0; i < count && has(list + i * entrySize, entrySize); ++i) {
+    std::uint64_t i = 0;
+    for (; i < count && has(list + i * entrySize, entrySize); ++i) {
         if (entries_.size() >= mostEntries)
-            return;
+            break;
         const auto at = list + i * entrySize;
         const auto nameOffset = wordAt(at);
         const auto record = wordAt(at + 4);
         const auto kind = byteAt(at + 8);
         const bool isFolder = kind == 1;
-        if (kind > 1 || !has(record, isFolder ? folderRecordSize : recordSize) ||
-            !nameAt(nameOffset, name))
-            continue;
+        const bool isPlain = kind <= 1 && has(record, isFolder ? folderRecordSize : recordSize) &&
+                             nameAt(nameOffset, name);
         const auto pathLength = folder.pathLength + (folder.entry == -1 ? 0 : 1) + name.size();
-        if (pathLength > longestPath)
+        if (!isPlain || pathLength > longestPath) {
+            isWhole_ = false;
             continue;
+        }
         entries_.push_back(
             {folder.entry, nameOffset, record, static_cast<std::uint8_t>(name.size()), isFolder});
         if (isFolder)
             open.push_back({record, static_cast<std::int32_t>(entries_.size() - 1), pathLength});
     }
+    isWhole_ = isWhole_ && i == count;
 }
 
 std::string Archive::pathOf(std::size_t entry) const {
@@ -196,52 +209,85 @@ std::string Archive::pathOf(std::size_t entry) const {
     return path;
 }
 
+std::uint32_t Archive::sizeOf(std::size_t entry) const {
+    return wordAt(entries_.at(entry).record + 4ULL);
+}
+
+std::vector<std::size_t> Archive::cutFiles() const {
+    std::vector<std::size_t> cut;
+    std::optional<std::size_t> last;
+    std::uint32_t lastOffset = 0;
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        if (entries_[i].isFolder)
+            continue;
+        const auto offset = wordAt(entries_[i].record);
+        const auto size = sizeOf(i);
+        const bool isPacked = byteAt(entries_[i].record + 8ULL) != stored;
+        if (!has(offset, isPacked ? tableSize(size) : size))
+            cut.push_back(i);
+        else if (isPacked && size > 0 && offset >= lastOffset) {
+            last = i;
+            lastOffset = offset;
+        }
+    }
+    if (last && !hasChunks(lastOffset, sizeOf(*last)))
+        cut.push_back(*last);
+    return cut;
+}
+
+bool Archive::hasChunks(std::uint64_t offset, std::uint32_t size) const {
+    auto end = offset + tableSize(size);
+    for (auto at = offset; at < offset + tableSize(size); at += 4)
+        end += wordAt(at);
+    return end <= bytes_.size();
+}
+
 void Archive::extract(std::size_t entry, const platform::PieceSink& sink) const {
-    const auto& found = entries_.at(entry);
+    auto pieces = piecesOf(entry);
+    for (auto piece = pieces.next(); !piece.empty(); piece = pieces.next())
+        sink(piece);
+}
+
+Archive::Pieces::Pieces(const Archive& archive, std::size_t entry)
+    : archive_(&archive), size_(archive.sizeOf(entry)) {
+    const auto& found = archive.entries_.at(entry);
     if (found.isFolder)
         damaged("it is a folder");
-    const auto offset = wordAt(found.record);
-    const auto size = wordAt(found.record + 4ULL);
-    const auto compression = byteAt(found.record + 8ULL);
-    if (compression > 2)
+    table_ = at_ = archive.wordAt(found.record);
+    const auto compression = archive.byteAt(found.record + 8ULL);
+    if (compression > zlib)
         damaged("its compression is unknown");
-    if (compression == 0)
-        extractStored(offset, size, sink);
-    else
-        extractChunks(offset, size, sink);
+    isPacked_ = compression != stored;
+    if (!archive.has(at_, isPacked_ ? tableSize(size_) : size_))
+        damaged("its data lies outside the archive");
+    if (isPacked_)
+        at_ += tableSize(size_);
 }
 
-void Archive::extractStored(std::uint32_t offset, std::uint32_t size,
-                            const platform::PieceSink& sink) const {
-    if (!has(offset, size))
-        damaged("its data lies outside the archive");
-    std::vector<std::uint8_t> piece(std::min<std::size_t>(size, pieceSize));
-    for (std::uint64_t done = 0; done < size; done += piece.size()) {
-        piece.resize(std::min<std::size_t>(size - done, pieceSize));
-        plain(offset + done, piece);
-        sink(asText(piece));
+std::string_view Archive::Pieces::next() {
+    piece_.resize(std::min<std::size_t>(size_ - done_, pieceSize));
+    if (piece_.empty())
+        return {};
+    if (isPacked_) {
+        readChunk();
+    } else {
+        archive_->plain(at_, piece_);
+        at_ += piece_.size();
+        spent_ += piece_.size();
     }
+    done_ += piece_.size();
+    return asText(piece_);
 }
 
-void Archive::extractChunks(std::uint32_t offset, std::uint32_t size,
-                            const platform::PieceSink& sink) const {
-    const std::uint64_t pieces = (size + std::uint64_t{pieceSize} - 1) / pieceSize;
-    if (!has(offset, pieces * 4))
-        damaged("its data lies outside the archive");
-    std::vector<std::uint8_t> chunk;
-    std::vector<std::uint8_t> piece;
-    std::uint64_t at = offset + pieces * 4;
-    for (std::uint64_t i = 0; i < pieces; ++i) {
-        const auto length = wordAt(offset + i * 4);
-        if (!has(at, length))
-            damaged("a chunk lies outside the archive");
-        chunk.resize(length);
-        plain(at, chunk);
-        piece.resize(std::min<std::size_t>(size - i * pieceSize, pieceSize));
-        unpackChunk(chunk, piece);
-        sink(asText(piece));
-        at += length;
-    }
+void Archive::Pieces::readChunk() {
+    const auto length = archive_->wordAt(table_ + done_ / pieceSize * 4);
+    if (!archive_->has(at_, length))
+        damaged("a chunk lies outside the archive");
+    chunk_.resize(length);
+    archive_->plain(at_, chunk_);
+    at_ += length;
+    spent_ += length;
+    unpackChunk(chunk_, piece_);
 }
 
 } // namespace formats

@@ -7,12 +7,28 @@
 #include "platform/text.h"
 
 namespace formats {
+namespace {
 
-bool isGameArchive(std::string_view fileName) {
-    constexpr std::array<std::string_view, 4> endings = {".ufo", ".hpi", ".ccx", ".gp3"};
-    return std::any_of(endings.begin(), endings.end(), [&](std::string_view ending) {
+/// In the order in which the game lays them over one another.
+constexpr std::array<std::string_view, 4> endings = {".hpi", ".ufo", ".ccx", ".gp3"};
+
+auto endingOf(std::string_view fileName) {
+    return std::find_if(endings.begin(), endings.end(), [&](std::string_view ending) {
         return platform::endsWithIgnoringCase(fileName, ending);
     });
+}
+
+} // namespace
+
+bool isGameArchive(std::string_view fileName) {
+    return endingOf(fileName) != endings.end();
+}
+
+bool lessInGameOrder(std::string_view archive, std::string_view other) {
+    const auto ending = endingOf(archive);
+    const auto otherEnding = endingOf(other);
+    return ending == otherEnding ? platform::lessIgnoringCase(archive, other)
+                                 : ending < otherEnding;
 }
 
 bool isGameFolder(std::string_view folderName) {

@@ -35,6 +35,21 @@ std::string_view cleanLine(std::string_view line) {
     return line;
 }
 
+AddMenuUnit addTo(MenuTable& table) {
+    return [&table](const auto& builder, const auto& unit, int menu, int button) {
+        table.addMenuUnit(builder, unit, menu, button);
+    };
+}
+
+std::optional<GuiPageName> guiPageName(std::string_view fileName) {
+    constexpr std::size_t suffixLength = 5;
+    if (fileName.size() < suffixLength)
+        return std::nullopt;
+    const auto builder = fileName.substr(0, fileName.size() - suffixLength);
+    const char digit = fileName[builder.size()];
+    return GuiPageName{std::string(builder), digit >= '0' && digit <= '9' ? digit - '0' : -1};
+}
+
 void GuiPageReader::readLine(std::string_view line) {
     line = cleanLine(line);
     std::string_view value;
@@ -43,7 +58,7 @@ void GuiPageReader::readLine(std::string_view line) {
             pending_ = value;
     } else if (!pending_.empty() && platform::equalIgnoringCase(line, "height=64")) {
         hasButtons_ = true;
-        table_.addMenuUnit(builder_, pending_, anyPosition, anyPosition);
+        add_(builder_, pending_, anyPosition, anyPosition);
         pending_.clear();
     }
 }
@@ -61,7 +76,7 @@ void DownloadReader::readLine(std::string_view line) {
         unitName_ = value;
     if (unitMenu_.empty() || unitName_.empty() || menu_ == anyPosition || button_ == anyPosition)
         return;
-    table_.addMenuUnit(unitMenu_, unitName_, menu_, button_);
+    add_(unitMenu_, unitName_, menu_, button_);
     unitMenu_.clear();
     unitName_.clear();
     menu_ = button_ = anyPosition;

@@ -12,9 +12,6 @@
 namespace menumod {
 namespace {
 
-/// A page's file is named by its builder, a digit and the extension.
-constexpr std::size_t pageSuffixLength = 5;
-
 constexpr std::size_t mostHeldOfOne = std::size_t{1} << 20U;
 constexpr std::size_t mostHeldInAll = std::size_t{64} << 20U;
 
@@ -178,13 +175,10 @@ void modTrlx::readGuiPages() {
     addThoseOnDisk(pages_, "guis");
     for (const auto& [key, file] : pages_) {
         game_.log().breathe();
-        const auto page = file.path.substr(file.path.rfind('\\') + 1);
-        const bool named = page.size() >= pageSuffixLength;
-        formats::GuiPageReader reader(menus_,
-                                      named ? page.substr(0, page.size() - pageSuffixLength) : "",
-                                      settings_.compress);
+        const auto page = formats::guiPageName(file.path.substr(file.path.rfind('\\') + 1));
+        formats::GuiPageReader reader(menus_, page ? page->builder : "", settings_.compress);
         const auto text = contentOf(file);
-        if (named)
+        if (page)
             for (const auto& line : platform::splitLines(text)) {
                 game_.log().breathe();
                 reader.readLine(line);

@@ -44,9 +44,49 @@ class Archive {
     /// together anew at each call: a listing holds no names.
     std::string pathOf(std::size_t entry) const;
 
+    /// What the directory claims a file's size to be, in bytes. Any record may be asked.
+    std::uint32_t sizeOf(std::size_t entry) const;
+
+    /// Whether all of the directory could be listed: nothing of it lies outside the file, and no
+    /// entry was passed over.
+    bool isWhole() const { return isWhole_; }
+
+    /// The files that lie outside the archive, as behind a download that broke off. Looks at the
+    /// directory, and into the file that lies last, for those ahead of it end before it.
+    std::vector<std::size_t> cutFiles() const;
+
+    /// A file that is unpacked bit by bit, for whoever reads several side by side or not to the
+    /// end. The archive must outlive it. Memory stays below a few chunks.
+    class Pieces {
+      public:
+        /// What comes next: 64 KiB, less at the end and nothing behind it. It lives until the next
+        /// call. Throws Failure where the data cannot be trusted.
+        std::string_view next();
+        /// How much of the archive has been read for it, in bytes.
+        std::uint64_t spent() const { return spent_; }
+
+      private:
+        friend class Archive;
+        Pieces(const Archive& archive, std::size_t entry);
+        void readChunk();
+
+        const Archive* archive_;
+        std::uint32_t size_;
+        bool isPacked_;
+        std::uint64_t table_; ///< of the lengths of chunks, where it is packed
+        std::uint64_t at_;
+        std::uint64_t done_ = 0;
+        std::uint64_t spent_ = 0;
+        std::vector<std::uint8_t> chunk_;
+        std::vector<std::uint8_t> piece_;
+    };
+
+    /// Throws Failure for a folder, and where data lies outside the archive.
+    Pieces piecesOf(std::size_t entry) const { return {*this, entry}; }
+
     /// Unpacks a file, by its place in `entries`. Throws Failure where its data cannot be trusted,
     /// and for a folder; pieces may have been given out by then, so they go into something that
-    /// can be dropped. Memory stays below a few chunks.
+    /// can be dropped.
     void extract(std::size_t entry, const platform::PieceSink& sink) const;
 
   private:
@@ -68,15 +108,13 @@ class Archive {
     bool nameAt(std::uint32_t offset, std::string& name) const;
     void listAll(std::uint32_t root);
     void listFolder(const Folder& folder, std::vector<Folder>& open);
-    void extractStored(std::uint32_t offset, std::uint32_t size,
-                       const platform::PieceSink& sink) const;
-    void extractChunks(std::uint32_t offset, std::uint32_t size,
-                       const platform::PieceSink& sink) const;
+    bool hasChunks(std::uint64_t offset, std::uint32_t size) const;
 
     Bytes bytes_;
     bool encrypted_;
     std::uint8_t key_;
     std::vector<Entry> entries_;
+    bool isWhole_ = true;
 };
 
 } // namespace formats

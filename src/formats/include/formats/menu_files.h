@@ -2,6 +2,8 @@
 // table, and the download TDFs that are generated out of one.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -14,21 +16,36 @@ namespace formats {
 /// A line without what follows its first ";", and without the blanks and tabs ahead.
 std::string_view cleanLine(std::string_view line);
 
+/// Takes a unit on a builder's menu, as `MenuTable::addMenuUnit` does.
+using AddMenuUnit =
+    std::function<void(const std::string& builder, const std::string& unit, int menu, int button)>;
+AddMenuUnit addTo(MenuTable& table);
+
+/// The builder that a GUI page is named for, and the number of the page. Nothing for a name that is
+/// too short for a digit and the extension; a page without a digit has the number -1.
+struct GuiPageName {
+    std::string builder;
+    int page = -1;
+};
+std::optional<GuiPageName> guiPageName(std::string_view fileName);
+
 /// Takes in a GUI page line by line. A gadget is a button of the menu by its height, 64 pixels, and
 /// its name is the unit's; each goes to any free position of the builder that the page is named
 /// for.
 class GuiPageReader {
   public:
     /// `skipPlaceholders` passes over the lines that name one.
+    GuiPageReader(AddMenuUnit add, std::string builder, bool skipPlaceholders)
+        : add_(std::move(add)), builder_(std::move(builder)), skipPlaceholders_(skipPlaceholders) {}
     GuiPageReader(MenuTable& table, std::string builder, bool skipPlaceholders)
-        : table_(table), builder_(std::move(builder)), skipPlaceholders_(skipPlaceholders) {}
+        : GuiPageReader(addTo(table), std::move(builder), skipPlaceholders) {}
 
     void readLine(std::string_view line);
     /// Whether a button of a menu was met so far.
     bool hasButtons() const { return hasButtons_; }
 
   private:
-    MenuTable& table_;
+    AddMenuUnit add_;
     std::string builder_;
     bool skipPlaceholders_;
     std::string pending_;
@@ -40,12 +57,13 @@ class GuiPageReader {
 /// a record that the file leaves unfinished is dropped.
 class DownloadReader {
   public:
-    explicit DownloadReader(MenuTable& table) : table_(table) {}
+    explicit DownloadReader(AddMenuUnit add) : add_(std::move(add)) {}
+    explicit DownloadReader(MenuTable& table) : DownloadReader(addTo(table)) {}
 
     void readLine(std::string_view line);
 
   private:
-    MenuTable& table_;
+    AddMenuUnit add_;
     std::string unitMenu_;
     std::string unitName_;
     int menu_ = anyPosition;
