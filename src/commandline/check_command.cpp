@@ -1,7 +1,9 @@
 // Whether journal, state and selection fit what lies on the disk. Only looks.
+#include <iterator>
+
+#include "archive_check.h"
 #include "cycle/preview.h"
 #include "cycle/selection_files.h"
-#include "json.h"
 #include "verbs.h"
 
 namespace commandline {
@@ -9,25 +11,21 @@ namespace {
 
 using Trust = cycle::LastLaunch::Trust;
 
-/// The kinds are for programs: docs/vexillum.6 names them.
-struct Finding {
-    std::string kind;
-    std::string path; ///< relative to the game directory; empty where it is about none
-    std::string text;
-};
-
 class Check {
   public:
     explicit Check(Workspace& work) : work_(work) {}
 
-    std::vector<Finding> run() {
+    void run() {
         checkJournal();
         if (work_.isApplied())
             checkApplied();
         checkPending();
         checkSelection();
-        return std::move(findings_);
+        checkArchives();
     }
+
+    const std::vector<Finding>& findings() const { return findings_; }
+    const conflict::ArchiveReports& reports() const { return reports_; }
 
   private:
     void found(const char* kind, const std::string& path, std::string text) {
@@ -83,18 +81,19 @@ class Check {
     }
 
     void checkSelection() {
-        cycle::Selection selection;
-        for (const auto& unread : cycle::readSels(work_.game, selection))
+        for (const auto& unread : cycle::readSels(work_.game, selection_))
             found("selection", "", "A file of the selection cannot be read: " + unread);
         cycle::Decisions answers;
         if (const auto unread = cycle::readAnswers(work_.game, answers); !unread.empty())
             found("selection", "", "The remembered answers cannot be read: " + unread);
-        for (const auto& owner : work_.missing(selection))
+        for (const auto& owner : work_.missing(selection_))
             found("not-found", "", "The " + owner.text() + " is selected, but not there");
         checkSets();
         // Over an applied directory there is no plan.
-        if (!work_.isApplied())
-            checkPlan(selection, answers);
+        if (work_.isApplied())
+            archives_ = appliedArchives(work_);
+        else
+            checkPlan(answers);
     }
 
     void checkSets() {
@@ -106,24 +105,39 @@ class Check {
         }
     }
 
-    void checkPlan(const cycle::Selection& selection, const cycle::Decisions& answers) {
+    void checkPlan(const cycle::Decisions& answers) {
         const auto preview =
-            cycle::makePreview(work_.game, selection, work_.unfinished(), nullptr, &answers);
+            cycle::makePreview(work_.game, selection_, work_.unfinished(), nullptr, &answers);
         for (const auto& blocked : preview.blocked)
             found("blocked", blocked.to,
                   "is in the way of \"" + platform::shownPath(blocked.from) + "\"");
+        archives_ = conflict::archivesOf(work_.game, preview);
+    }
+
+    /// Every file is unpacked: the damage may be anywhere.
+    void checkArchives() {
+        platform::NoLog quiet;
+        reports_ = conflict::reportOnArchives(work_.game.disk(), archives_, quiet,
+                                              {selection_.modifier.compress, true});
+        auto more = findingsOf(reports_, selection_.modifier.enabled);
+        std::ranges::move(more, std::back_inserter(findings_));
     }
 
     Workspace& work_;
+    cycle::Selection selection_;
+    std::vector<conflict::ChosenArchive> archives_;
     std::vector<Finding> findings_;
+    conflict::ArchiveReports reports_;
 };
 
-void printJson(const Workspace& work, const std::vector<Finding>& findings) {
+void printJson(const Workspace& work, const Check& check) {
+    const auto& findings = check.findings();
     Json document = {{"directory", shown(work.game.TADir())},
                      {"state", work.state()},
                      {"gameRuns", work.gameRuns()},
                      {"ok", findings.empty()},
-                     {"findings", Json::array()}};
+                     {"findings", Json::array()},
+                     {"archives", jsonOf(check.reports())}};
     for (const auto& finding : findings)
         document["findings"].push_back({{"kind", finding.kind},
                                         {"path", shown(finding.path)},
@@ -131,7 +145,8 @@ void printJson(const Workspace& work, const std::vector<Finding>& findings) {
     print(work.machine.output, document);
 }
 
-void printText(const Workspace& work, const std::vector<Finding>& findings) {
+void printText(const Workspace& work, const Check& check) {
+    const auto& findings = check.findings();
     auto& output = work.machine.output;
     for (const auto& finding : findings) {
         if (!finding.path.empty())
@@ -139,16 +154,19 @@ void printText(const Workspace& work, const std::vector<Finding>& findings) {
         output << printable(finding.text) << '\n';
     }
     output << "The game directory is " << work.state() << ". "
-           << (findings.empty() ? "All is well." : std::to_string(findings.size()) + " findings.")
+           << (findings.empty() ? "All is well."
+                                : std::to_string(findings.size()) +
+                                      (findings.size() == 1 ? " finding." : " findings."))
            << '\n';
 }
 
 } // namespace
 
 ExitCode check(Workspace& work) {
-    const auto findings = Check(work).run();
-    (work.line.json ? printJson : printText)(work, findings);
-    return findings.empty() ? done : failed;
+    Check all(work);
+    all.run();
+    (work.line.json ? printJson : printText)(work, all);
+    return all.findings().empty() ? done : failed;
 }
 
 } // namespace commandline

@@ -83,8 +83,11 @@ cycle::Set Workspace::selected() {
         return selected;
     }
     cycle::Set set;
-    if (const auto reason = cycle::Sets(game).load(line.operands.front(), set); !reason.empty())
-        throw Stop{failed, reason};
+    const cycle::Sets sets(game);
+    const auto& name = line.operands.front();
+    if (const auto reason = sets.load(name, set); !reason.empty())
+        throw Stop{failed, sets.has(name) ? "The set \"" + name + "\" cannot be read.\n" + reason
+                                          : reason};
     selected.selection = std::move(set.selection);
     for (auto& decision : set.answers.all())
         selected.answers.decide(std::move(decision));
@@ -129,6 +132,8 @@ void Workspace::tellOfDamage() const {
 }
 
 cycle::Unfinished Workspace::reset() {
+    // There may have been a launch since.
+    last_ = cycle::readLastLaunch(game);
     tellOfDamage();
     cycle::Selection saved;
     // A selection that cannot be read has nothing to do with what lies where.
@@ -136,9 +141,7 @@ cycle::Unfinished Workspace::reset() {
     // What an undone launch made is gone: folders of the modifier's names are somebody else's.
     const bool modifierWasOn =
         saved.modifier.enabled && last_.trust != cycle::LastLaunch::Trust::undone;
-    auto unfinished = cycle::undo(game, last_, modifierWasOn);
-    last_ = cycle::readLastLaunch(game);
-    return unfinished;
+    return cycle::undo(game, last_, modifierWasOn);
 }
 
 const releases::TypeInfo& typeOf(const std::string& shortName) {
