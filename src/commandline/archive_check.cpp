@@ -5,6 +5,7 @@
 #include <set>
 
 #include "formats/game_files.h"
+#include "platform/paths.h"
 
 namespace commandline {
 namespace {
@@ -15,16 +16,15 @@ std::string theGame() {
 
 /// A release, by the place that one of its files came from.
 std::string ownerOf(const std::string& source) {
-    const auto cut = source.find('\\');
-    const auto folder = cut == std::string::npos ? "" : source.substr(cut + 1);
-    const auto end = folder.find('\\');
+    const auto parts = platform::splitPath(source);
+    if (parts.size() < 3)
+        return theGame();
     for (const auto& info : releases::releaseTypes())
-        if (const auto name = releases::withoutPrefix(folder.substr(0, end), info.type)) {
-            const bool isLoose = releases::isLooseFolder(*name, info.type);
-            return cycle::Owner{info.type,
-                                isLoose ? folder.substr(end + 1) : releases::displayForm(*name)}
+        if (const auto name = releases::withoutPrefix(parts[1], info.type))
+            return cycle::Owner{info.type, releases::isLooseFolder(*name, info.type)
+                                               ? parts[2]
+                                               : releases::displayForm(*name)}
                 .text();
-        }
     return theGame();
 }
 

@@ -86,8 +86,8 @@ cycle::Set Workspace::selected() {
     const cycle::Sets sets(game);
     const auto& name = line.operands.front();
     if (const auto reason = sets.load(name, set); !reason.empty())
-        throw Stop{failed, sets.has(name) ? "The set \"" + name + "\" cannot be read.\n" + reason
-                                          : reason};
+        throw Stop{failed,
+                   sets.has(name) ? "The set \"" + name + "\" cannot be read.\n" + reason : reason};
     selected.selection = std::move(set.selection);
     for (auto& decision : set.answers.all())
         selected.answers.decide(std::move(decision));
