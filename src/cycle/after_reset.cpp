@@ -36,34 +36,58 @@ class AfterReset {
     }
 
     std::optional<platform::FolderNames> list(const std::string& folder) const {
-        auto names = game_.list(folder.empty() ? game_.TADir() : game_.at(folder));
-        const auto start = folder.empty() ? folder : folder + "\\";
-        if (names && !gone_.empty())
-            std::erase_if(names->files, [&](const auto& name) {
-                return gone_.contains(platform::foldCase(start + name));
-            });
-        const auto back = back_.find(platform::foldCase(folder));
-        if (!names || back == back_.end())
+        const auto path = folder.empty() ? game_.TADir() : game_.at(folder);
+        auto names = game_.list(path);
+        const auto changed = changes_.find(game_.disk().systemPath(path));
+        if (!names || changed == changes_.end())
             return names;
-        names->files.insert(names->files.end(), back->second.begin(), back->second.end());
+        std::erase_if(names->files,
+                      [&](const auto& name) { return changed->second.gone.contains(name); });
+        for (const auto& name : changed->second.back)
+            names->files.push_back(name);
         std::ranges::sort(names->files, platform::lessIgnoringCase);
         return names;
     }
 
   private:
+    /// In one folder, in the spelling that the disk has.
+    struct Changes {
+        std::unordered_set<std::string> gone;
+        std::vector<std::string> back;
+    };
+    struct Place {
+        std::string folder; ///< in the system's form: a disk may hold two that differ in case alone
+        std::string name;
+    };
+
+    Place placeOf(const std::string& path) const {
+        const auto full = game_.disk().systemPath(game_.at(path));
+        const auto cut = full.find_last_of("/\\");
+        return {full.substr(0, cut), full.substr(cut + 1)};
+    }
+
+    bool isGone(const Place& place) const {
+        const auto changed = changes_.find(place.folder);
+        return changed != changes_.end() && changed->second.gone.contains(place.name);
+    }
+
+    void takeAway(const Place& place) { changes_[place.folder].gone.insert(place.name); }
+
     bool moveBack(const formats::Journal::Move& move, std::int64_t carriedOutAt) {
-        const auto file = game_.disk().factsOf(game_.at(move.destination));
+        auto& disk = game_.disk();
+        const auto file = disk.factsOf(game_.at(move.destination));
         const bool isAsItWas = file.kind == platform::EntryKind::file && carriedOutAt != 0 &&
                                file.changed != 0 && file.changed <= carriedOutAt;
-        const auto source = platform::foldCase(move.source);
-        const bool isFree = gone_.contains(source) ||
-                            game_.disk().kindOf(game_.at(move.source)) == platform::EntryKind::none;
+        const auto source = placeOf(move.source);
+        const bool isFree =
+            isGone(source) || disk.kindOf(game_.at(move.source)) == platform::EntryKind::none;
         const auto cut = move.source.rfind('\\');
-        const auto folder = cut == std::string::npos ? std::string() : move.source.substr(0, cut);
-        if (!isAsItWas || !isFree || (!folder.empty() && !game_.DoesFolderExist(game_.at(folder))))
+        const bool hasFolder =
+            cut == std::string::npos || game_.DoesFolderExist(game_.at(move.source.substr(0, cut)));
+        if (!isAsItWas || !isFree || !hasFolder)
             return false;
-        gone_.insert(platform::foldCase(move.destination));
-        back_[platform::foldCase(folder)].push_back(move.source.substr(cut + 1));
+        takeAway(placeOf(move.destination));
+        changes_[source.folder].back.push_back(move.source.substr(cut + 1));
         return true;
     }
 
@@ -78,15 +102,13 @@ class AfterReset {
         const auto madeAt = game_.disk().factsOf(file).changed;
         return std::ranges::all_of(read.notes.files, [&](const auto& path) {
             const auto facts = game_.disk().factsOf(game_.at(path));
-            gone_.insert(platform::foldCase(path));
+            takeAway(placeOf(path));
             return facts.kind == platform::EntryKind::none || facts.changed <= madeAt;
         });
     }
 
     const releases::GameDirectory& game_;
-    std::unordered_set<std::string> gone_; ///< files, case folded
-    /// Files that are back, by their folders, case folded.
-    std::map<std::string, std::vector<std::string>> back_;
+    std::map<std::string, Changes> changes_; ///< by their folders
 };
 
 } // namespace
