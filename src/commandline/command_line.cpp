@@ -20,7 +20,7 @@ struct VerbInfo {
 
 constexpr std::size_t anyNumber = 1'000'000;
 /// Where the help begins.
-constexpr std::size_t column = 20;
+constexpr std::size_t column = 23;
 
 constexpr std::array verbs = {
     VerbInfo{Verb::list, "list", "", 0, 0, " json directory ", "",
@@ -32,8 +32,7 @@ constexpr std::array verbs = {
     VerbInfo{Verb::launch, "launch", "[SET]", 0, 1, " wait yes no directory ", "",
              "the same, then starts the game"},
     VerbInfo{Verb::reset, "reset", "", 0, 0, " directory ", "",
-             "makes the game directory plain: moves every file of the last launch back and keeps "
-             "the selection"},
+             "moves every file of the last launch back, and keeps the selection"},
     VerbInfo{Verb::add, "add", "PATH", 1, 1, " type name yes no directory ", " type name ",
              "adds a release out of a folder, a file or a zip archive"},
     VerbInfo{Verb::remove, "remove", "NAME", 1, 1, " type yes no directory ", " type ",
@@ -53,13 +52,13 @@ struct OptionInfo {
 };
 
 constexpr std::array options = {
-    OptionInfo{"directory", "DIR", "the game directory, if that is not the program's own folder"},
+    OptionInfo{"type", "TYPE", "TC, AI, Race, Mod, Map or Unit"},
+    OptionInfo{"name", "NAME", "the name that the new release is to have"},
     OptionInfo{"json", "", "tells it as one JSON document"},
     OptionInfo{"wait", "", "waits until the game has ended, then resets"},
     OptionInfo{"yes", "", "answers every open question with Yes"},
     OptionInfo{"no", "", "answers every open question with No"},
-    OptionInfo{"type", "TYPE", "TC, AI, Race, Mod, Map or Unit"},
-    OptionInfo{"name", "NAME", "the name that the new release is to have"},
+    OptionInfo{"directory", "DIR", "the game directory, if that is not the program's own folder"},
 };
 
 constexpr std::string_view assignments =
