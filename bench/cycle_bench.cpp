@@ -9,6 +9,8 @@
 #include <unistd.h>
 
 #include "bench.h"
+#include "cycle/preview.h"
+#include "cycle/selection_files.h"
 #include "headless/session.h"
 #include "windows/frmMain.h"
 
@@ -105,6 +107,13 @@ class Tree {
     std::vector<std::pair<std::string, std::string>> moves_;
 };
 
+class Unasked final : public platform::Questions {
+  public:
+    std::size_t ask(const platform::Question& question, platform::MessageRow* /*row*/) override {
+        return question.defaultButton;
+    }
+};
+
 /// Makes the toolkit of one run.
 using MakeToolkit = std::function<std::unique_ptr<windows::Toolkit>()>;
 
@@ -193,6 +202,44 @@ Medians measure(const Tree& tree, const MakeToolkit& makeToolkit) {
             bench::median(back)};
 }
 
+/// The preview of a launch, against a list of the same files as a system's own tool makes it: the
+/// names and sizes of all that lies in the game directory.
+void measurePreview(const Tree& tree) {
+    std::vector<Seconds> previews;
+    std::vector<Seconds> listings;
+    std::vector<Seconds> names;
+    tree.select();
+    for (int i = 0; i < rounds; ++i) {
+        std::uintmax_t bytes = 0;
+        std::size_t letters = 0;
+        listings.push_back(bench::timeOf([&] {
+            for (const auto& entry : fs::recursive_directory_iterator(tree.root()))
+                if (entry.is_regular_file())
+                    bytes += entry.file_size();
+        }));
+        names.push_back(bench::timeOf([&] {
+            for (const auto& entry : fs::recursive_directory_iterator(tree.root()))
+                letters += entry.path().native().size();
+        }));
+        const auto disk = platform::makeDisk();
+        platform::NoLog log;
+        Unasked unasked;
+        releases::GameDirectory game(*disk, log, unasked);
+        game.open(tree.root().string());
+        cycle::Selection selection;
+        cycle::readSels(game, selection);
+        std::size_t files = 0;
+        previews.push_back(bench::timeOf([&] {
+            files = cycle::makePreview(game, selection, {}, nullptr, nullptr).files.size();
+        }));
+        if (files < 20'000 || bytes == 0 || letters == 0)
+            std::abort();
+    }
+    bench::report("preview, 20,000 files, against listing them", bench::median(previews),
+                  bench::median(listings), 3);
+    std::printf("  (their names alone are listed in %.1f ms)\n", bench::median(names) * 1000);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -204,8 +251,13 @@ int main(int argc, char** argv) {
             measure(tree, noScreen);
         return 0;
     }
+    if (argc > 1 && std::string_view(argv[1]) == "preview") {
+        measurePreview(Tree(20'000));
+        return 0;
+    }
     {
         const Tree tree(20'000);
+        measurePreview(tree);
         const auto times = measure(tree, noScreen);
         bench::report("apply, 20,000 files, against bare renames", times.apply, times.there, 1.2);
         bench::report("reset, 20,000 files, against bare renames", times.reset, times.back, 1.2);

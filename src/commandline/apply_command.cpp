@@ -33,7 +33,7 @@ void refuseOpenQuestions(const Workspace& work, const cycle::Set& selected) {
                        std::string(howToAnswer) + " Or use --reset first."};
     QuestionList questions;
     auto answers = selected.answers;
-    cycle::makePlan(*listings, questions, selected.selection, {nullptr, &answers});
+    cycle::makePlan(work.game, *listings, questions, selected.selection, {nullptr, &answers});
     if (questions.texts().empty())
         return;
     for (const auto& question : questions.texts())

@@ -70,11 +70,6 @@ void printJson(const Workspace& work, const Told& told) {
             row["waitsAt"] = shown(rival.waitsAt);
         document["conflicts"].push_back(std::move(row));
     });
-    for (const auto& program : preview.programs)
-        document["programs"].push_back({{"path", shown(program.exe.toPath)},
-                                        {"owner", jsonOf(cycle::ownerOf(program.exe))},
-                                        {"isGame", program.isGame},
-                                        {"why", wordOf(program.why)}});
     for (const auto& question : told.questions)
         document["questions"].push_back(
             platform::replaceAll(platform::toUtf8(question), platform::lineBreak, "\n"));
@@ -136,8 +131,8 @@ ExitCode plan(Workspace& work) {
     told.preview =
         cycle::makePreview(work.game, selected.selection, unfinished, nullptr, &selected.answers);
     QuestionList questions;
-    cycle::makePlan(cycle::listingsOf(work.game, unfinished), questions, selected.selection,
-                    {nullptr, &selected.answers});
+    cycle::makePlan(work.game, cycle::listingsOf(work.game, unfinished), questions,
+                    selected.selection, {nullptr, &selected.answers});
     told.questions = questions.texts();
     (work.line.json ? printJson : printText)(work, told);
     return work.questions.told() == 0 ? done : failed;

@@ -89,8 +89,7 @@ cycle::Set Workspace::selected() {
         throw Stop{failed,
                    sets.has(name) ? "The set \"" + name + "\" cannot be read.\n" + reason : reason};
     selected.selection = std::move(set.selection);
-    for (auto& decision : set.answers.all())
-        selected.answers.decide(std::move(decision));
+    selected.answers.add(set.answers);
     return selected;
 }
 

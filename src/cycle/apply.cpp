@@ -61,16 +61,15 @@ std::vector<std::size_t> move(releases::GameDirectory& game, const Journal& jour
     return failed;
 }
 
-Verdict settle(const ClashQuestion& clash, const Settled& settled, platform::Questions& questions,
-               platform::MessageRow& row) {
+Verdict settle(const ClashQuestion& clash, const releases::GameDirectory& game,
+               platform::Questions& questions, const Settled& settled, platform::MessageRow& row) {
     platform::Question question{clash.text(), {"Yes", "No"}};
-    for (const auto& [known, why] :
-         {std::pair(settled.chosen, Why::chosen),
-          std::pair<const Decisions*, Why>(settled.remembered, Why::remembered)})
-        if (const auto isForA = known == nullptr ? std::nullopt : known->isForA(clash)) {
-            questions.noteAnswered(question, *isForA ? 0 : 1);
-            return {*isForA, why};
-        }
+    if (const auto known = knownVerdict(clash, settled.chosen, settled.remembered)) {
+        questions.noteAnswered(question, known->isForA ? 0 : 1);
+        return *known;
+    }
+    if (settled.skipsSame && holdSame(clash, game))
+        return {true, Why::same};
     const auto a = ownerOf(clash.a);
     const auto b = ownerOf(clash.b);
     bool remember = false;
@@ -85,6 +84,14 @@ Verdict settle(const ClashQuestion& clash, const Settled& settled, platform::Que
 
 } // namespace
 
+bool holdSame(const ClashQuestion& clash, const releases::GameDirectory& game) {
+    bool isSame = false;
+    platform::attempt([&] {
+        isSame = game.disk().holdSame(game.at(clash.a.fromPath), game.at(clash.b.fromPath));
+    });
+    return isSame;
+}
+
 Listings listingsOf(const releases::GameDirectory& game, const Unfinished& unfinished) {
     return [&](const std::string& path) {
         auto names = game.list(path.empty() ? game.TADir() : game.at(path));
@@ -98,20 +105,21 @@ Listings listingsOf(const releases::GameDirectory& game, const Unfinished& unfin
 
 Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
               const Unfinished& unfinished, const Settled& settled) {
-    return makePlan(listingsOf(game, unfinished), game.questions(), selection, settled);
+    return makePlan(game, listingsOf(game, unfinished), game.questions(), selection, settled);
 }
 
-Plan makePlan(const Listings& listings, platform::Questions& questions, const Selection& selection,
-              const Settled& settled) {
+Plan makePlan(const releases::GameDirectory& game, const Listings& listings,
+              platform::Questions& questions, const Selection& selection, const Settled& settled) {
     platform::MessageRow clashes;
     platform::MessageRow programs;
     return Plan::make(selection, listings,
                       {[&](const ClashQuestion& question) {
-                           return settle(question, settled, questions, clashes);
+                           return settle(question, game, questions, settled, clashes);
                        },
                        [&](const ExeQuestion& question) {
-                           if (const auto isGame = exeDecision(question, settled.chosen))
-                               return *isGame;
+                           if (const auto known =
+                                   knownVerdict(question, settled.chosen, settled.remembered))
+                               return known->isForA;
                            return questions.askYesNo(question.text(), &programs);
                        }});
 }

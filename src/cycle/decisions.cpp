@@ -21,9 +21,19 @@ std::pair<Owner, Owner> rivals(const Owner& one, const Owner& other) {
     return std::minmax(one, other);
 }
 
-/// Of a file: the folder that it lies in, with a backslash behind it.
-std::string folderOf(const std::string& file) {
-    return file.substr(0, file.rfind('\\') + 1);
+/// The closest one first: the file itself, its folder, everything.
+std::array<std::string, 3> placesAround(const std::string& file) {
+    return {file, file.substr(0, file.rfind('\\') + 1), {}};
+}
+
+template <typename Known>
+std::optional<Verdict> firstKnown(const Decisions* chosen, const Decisions* remembered,
+                                  const Known& known) {
+    for (const auto& [decisions, why] :
+         {std::pair(chosen, Why::chosen), std::pair(remembered, Why::remembered)})
+        if (const auto isForA = decisions == nullptr ? std::nullopt : known(*decisions))
+            return Verdict(*isForA, why);
+    return std::nullopt;
 }
 
 /// Such a name cannot stand in a line.
@@ -39,6 +49,10 @@ bool Owner::isGame() const {
 
 std::string Owner::text() const {
     return std::string(releases::infoOf(type).typeName) + " \"" + name + "\"";
+}
+
+Owner theGame() {
+    return {releases::ReleaseType::tc, std::string(releases::defaultTC)};
 }
 
 Owner ownerOf(const moveEntry& entry) {
@@ -66,6 +80,16 @@ void Decisions::add(const Decisions& others) {
         decide(std::move(decision));
 }
 
+void Decisions::decideThroughout(Decision decision) {
+    const auto place = platform::foldCase(decision.place);
+    if (place.empty() || place.ends_with('\\'))
+        if (const auto of = byRivals_.find(rivals(decision.winner, decision.loser));
+            of != byRivals_.end())
+            std::erase_if(of->second,
+                          [&](const auto& known) { return known.first.starts_with(place); });
+    decide(std::move(decision));
+}
+
 bool Decisions::forget(const Decision& decision) {
     const auto of = byRivals_.find(rivals(decision.winner, decision.loser));
     if (of == byRivals_.end() || of->second.erase(platform::foldCase(decision.place)) == 0)
@@ -75,6 +99,11 @@ bool Decisions::forget(const Decision& decision) {
     return true;
 }
 
+void Decisions::forgetAt(std::string_view file, const Owner& one, const Owner& other) {
+    for (const auto& place : placesAround(platform::foldCase(file)))
+        forget({place, one, other});
+}
+
 std::optional<bool> Decisions::isForA(const ClashQuestion& question) const {
     if (byRivals_.empty())
         return std::nullopt;
@@ -82,8 +111,7 @@ std::optional<bool> Decisions::isForA(const ClashQuestion& question) const {
     const auto of = byRivals_.find(rivals(a, ownerOf(question.b)));
     if (of == byRivals_.end())
         return std::nullopt;
-    const auto file = platform::foldCase(question.a.toPath);
-    for (const auto& place : {file, folderOf(file), std::string()})
+    for (const auto& place : placesAround(platform::foldCase(question.a.toPath)))
         if (const auto decision = of->second.find(place); decision != of->second.end())
             return decision->second.winner == a;
     return std::nullopt;
@@ -100,11 +128,17 @@ std::optional<bool> Decisions::isForAAt(std::string_view place, const Owner& a,
     return decision->second.winner == a;
 }
 
-std::optional<bool> exeDecision(const ExeQuestion& question, const Decisions* decisions) {
-    if (decisions == nullptr)
-        return std::nullopt;
-    return decisions->isForAAt(releases::gameProgram, ownerOf(question.exe),
-                               {releases::ReleaseType::tc, std::string(releases::defaultTC)});
+std::optional<Verdict> knownVerdict(const ClashQuestion& question, const Decisions* chosen,
+                                    const Decisions* remembered) {
+    return firstKnown(chosen, remembered,
+                      [&](const auto& decisions) { return decisions.isForA(question); });
+}
+
+std::optional<Verdict> knownVerdict(const ExeQuestion& question, const Decisions* chosen,
+                                    const Decisions* remembered) {
+    return firstKnown(chosen, remembered, [&](const auto& decisions) {
+        return decisions.isForAAt(releases::gameProgram, ownerOf(question.exe), theGame());
+    });
 }
 
 void Decisions::rename(releases::ReleaseType type, std::string_view name,

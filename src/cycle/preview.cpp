@@ -14,8 +14,6 @@
 namespace cycle {
 namespace {
 
-const Owner theGame{releases::ReleaseType::tc, std::string(releases::defaultTC)};
-
 bool isInDataTree(const std::string& path) {
     return platform::equalIgnoringCase(path.substr(0, path.find('\\')), releases::dataTree);
 }
@@ -53,13 +51,18 @@ class Picture {
     }
 
     std::vector<Preview::File> takeFiles() {
-        std::vector<Preview::File> files;
-        files.reserve(files_.size());
+        std::vector<std::pair<std::string_view, Preview::File*>> order;
+        order.reserve(files_.size());
         for (auto& [folded, file] : files_)
-            files.push_back(std::move(file));
-        std::ranges::sort(files, [](const auto& one, const auto& other) {
-            return platform::lessIgnoringCase(one.path, other.path);
+            order.emplace_back(folded, &file);
+        std::ranges::sort(order, [](const auto& one, const auto& other) {
+            return one.first != other.first ? one.first < other.first
+                                            : one.second->path < other.second->path;
         });
+        std::vector<Preview::File> files;
+        files.reserve(order.size());
+        for (const auto& [folded, file] : order)
+            files.push_back(std::move(*file));
         return files;
     }
 
@@ -68,9 +71,10 @@ class Picture {
         const auto names = game_.list(folder.empty() ? game_.TADir() : game_.at(folder));
         if (!names)
             return;
+        onDisk_.insert(platform::foldCase(folder));
         const auto start = folder.empty() ? folder : folder + "\\";
         for (const auto& name : names->files)
-            put({start + name, theGame, start + name, sizeOf(start + name), {}});
+            put({start + name, theGame(), start + name, sizeOf(start + name), {}});
         for (const auto& name : names->folders) {
             note(start + name);
             if (!folder.empty() || !platform::equalIgnoringCase(name, releases::dataTree))
@@ -97,15 +101,21 @@ class Picture {
             left_.insert(folded);
             return file;
         }
-        if (!isInDataTree(source) || !taken_.insert(folded).second ||
-            game_.disk().kindOf(game_.at(source)) == platform::EntryKind::none)
+        if (!isInDataTree(source) || !taken_.insert(folded).second)
             return std::nullopt;
-        return Preview::File{source, owner, source, sizeOf(source), {}};
+        const auto facts = game_.disk().factsOf(game_.at(source));
+        if (facts.kind == platform::EntryKind::none)
+            return std::nullopt;
+        return Preview::File{source, owner, source, facts.size, {}};
     }
 
-    /// What was moved away is not there any more, though the disk still has it.
+    /// What was moved away is not there any more, though the disk still has it. Hidden files are in
+    /// no listing.
     bool isOnDisk(const std::string& path, const std::string& folded) const {
-        return !left_.contains(folded) && !taken_.contains(folded) &&
+        const auto cut = folded.rfind('\\');
+        const bool hasFolder = cut == std::string::npos ||
+                               onDisk_.contains(folded.substr(0, cut)) || isInDataTree(path);
+        return hasFolder && !left_.contains(folded) && !taken_.contains(folded) &&
                game_.disk().kindOf(game_.at(path)) != platform::EntryKind::none;
     }
 
@@ -163,38 +173,40 @@ class Picture {
     /// Their spelling, by their paths, case folded.
     std::unordered_map<std::string, std::string> folders_;
     std::unordered_set<std::string> exactFolders_;
-    std::unordered_set<std::string> taken_; ///< of the data tree
-    std::unordered_set<std::string> left_;  ///< of the game
+    std::unordered_set<std::string> onDisk_; ///< the folders that were listed, case folded
+    std::unordered_set<std::string> taken_;  ///< of the data tree
+    std::unordered_set<std::string> left_;   ///< of the game
 };
 
-/// What the plan is asked, answered from what is known. The two files are looked at only where
-/// nobody has decided yet.
-Verdict verdictOf(const ClashQuestion& question, const releases::GameDirectory& game,
-                  const Decisions* chosen, const Decisions* remembered) {
-    for (const auto& [known, why] :
-         {std::pair(chosen, Why::chosen), std::pair(remembered, Why::remembered)})
-        if (const auto isForA = known == nullptr ? std::nullopt : known->isForA(question))
-            return {*isForA, why};
-    bool isSame = false;
-    platform::attempt([&] {
-        isSame = game.disk().holdSame(game.at(question.a.fromPath), game.at(question.b.fromPath));
-    });
-    return {true, isSame ? Why::same : Why::open};
-}
+/// A program that a release brings, and whether it will be the game.
+struct Program {
+    moveEntry exe;
+    Verdict isGame;
+};
 
-/// Losers stand with the file that has the place in the end.
-void addRivals(std::vector<Preview::File>& files, const std::vector<Clash>& clashes) {
-    std::unordered_map<std::string, std::vector<const Clash*>> byPlace;
+/// Losers stand with the file that has the place in the end. The disk may hold more than one.
+void addRivals(std::vector<Preview::File>& files, const std::vector<Clash>& clashes,
+               const std::vector<Program>& programs) {
+    std::unordered_map<std::string, std::vector<Preview::Rival>> byPlace;
     for (const auto& clash : clashes)
         if (clash.why != Why::chosenAsGame)
-            byPlace[platform::foldCase(clash.place)].push_back(&clash);
-    if (byPlace.empty())
-        return;
+            byPlace[platform::foldCase(clash.place)].push_back(
+                {ownerOf(clash.loser), ownerOf(clash.winner), clash.why, clash.loser.fromPath,
+                 clash.waitsAt});
+    auto& forGame = byPlace[std::string(releases::gameProgram)];
+    for (const auto& [exe, verdict] : programs) {
+        if (!verdict.isForA) {
+            forGame.push_back({ownerOf(exe), theGame(), verdict.why, exe.fromPath, {}});
+            continue;
+        }
+        const auto clash = std::ranges::find(clashes, Why::chosenAsGame, &Clash::why);
+        forGame.push_back({theGame(), ownerOf(exe), verdict.why,
+                           clash == clashes.end() ? std::string() : clash->loser.fromPath,
+                           clash == clashes.end() ? std::string() : clash->waitsAt});
+    }
     for (auto& file : files)
         if (const auto at = byPlace.find(platform::foldCase(file.path)); at != byPlace.end())
-            for (const auto* clash : at->second)
-                file.rivals.push_back({ownerOf(clash->loser), ownerOf(clash->winner), clash->why,
-                                       clash->loser.fromPath, clash->waitsAt});
+            file.rivals = at->second;
 }
 
 } // namespace
@@ -225,24 +237,32 @@ int Preview::displaced() const {
         journal.moves, [](const auto& move) { return !isInDataTree(move.source); }));
 }
 
+std::vector<Owner> Preview::File::contenders() const {
+    std::vector<Owner> all{owner};
+    for (const auto& rival : rivals)
+        for (const auto& each : {rival.owner, rival.lostTo})
+            if (std::ranges::find(all, each) == all.end())
+                all.push_back(each);
+    return all;
+}
+
 Preview makePreview(const releases::GameDirectory& game, const Selection& selection,
                     const Unfinished& unfinished, const Decisions* chosen,
                     const Decisions* remembered) {
     Preview preview;
-    const Answers answers = {[&](const ClashQuestion& question) {
-                                 const auto verdict = verdictOf(question, game, chosen, remembered);
-                                 if (verdict.why == Why::same)
-                                     preview.sameFiles.push_back({question.a.toPath,
-                                                                  ownerOf(question.a),
-                                                                  ownerOf(question.b)});
-                                 return verdict;
-                             },
-                             [&](const ExeQuestion& question) {
-                                 const auto isGame = exeDecision(question, chosen);
-                                 preview.programs.push_back({question.exe, isGame.value_or(true),
-                                                             isGame ? Why::chosen : Why::open});
-                                 return preview.programs.back().isGame;
-                             }};
+    std::vector<Program> programs;
+    const Answers answers = {
+        [&](const ClashQuestion& question) {
+            if (const auto known = knownVerdict(question, chosen, remembered))
+                return *known;
+            return Verdict(true, holdSame(question, game) ? Why::same : Why::open);
+        },
+        [&](const ExeQuestion& question) {
+            programs.push_back(
+                {question.exe,
+                 knownVerdict(question, chosen, remembered).value_or(Verdict(true, Why::open))});
+            return programs.back().isGame.isForA;
+        }};
     const auto plan = Plan::make(selection, listingsOf(game, unfinished), answers);
     preview.journal = plan.journal();
     Picture picture(game);
@@ -256,10 +276,27 @@ Preview makePreview(const releases::GameDirectory& game, const Selection& select
     }
     preview.files = picture.takeFiles();
     std::erase_if(preview.files, [](const auto& file) {
-        return isInDataTree(file.path) && isInDataTree(file.from) == false;
+        return isInDataTree(file.path) && !isInDataTree(file.from);
     });
-    addRivals(preview.files, plan.clashes());
+    addRivals(preview.files, plan.clashes(), programs);
     return preview;
+}
+
+std::vector<Decision> decisionsFor(const Preview::File& file, const Owner& winner, Reach reach) {
+    const auto folder = file.path.substr(0, file.path.rfind('\\') + 1);
+    const auto place = reach == Reach::file     ? file.path
+                       : reach == Reach::folder ? folder
+                                                : std::string();
+    std::vector<Decision> decisions;
+    for (const auto& other : file.contenders()) {
+        if (other == winner)
+            continue;
+        decisions.push_back({place, winner, other});
+        // Who is to be the game is never told by another file.
+        if (reach != Reach::file && platform::equalIgnoringCase(file.path, releases::gameProgram))
+            decisions.push_back({file.path, winner, other});
+    }
+    return decisions;
 }
 
 } // namespace cycle

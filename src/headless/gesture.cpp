@@ -71,6 +71,10 @@ Gesture click(const Windows& windows, const std::string& name, const std::string
 
 Gesture pick(const Windows& windows, const std::string& rest, const std::string& line) {
     const auto [name, text] = cutWord(rest);
+    if (auto* tree = find<windows::TreeList>(windows, name)) {
+        const auto keyOf = [](const auto& row) -> const std::string& { return row.key; };
+        return made(Kind::pick, tree, rowOf(tree->rows(), text, keyOf), line);
+    }
     auto* box = find<windows::ComboBox>(windows, name);
     return made(Kind::pick, box, box ? rowOf(box->rows(), text, itself) : nullptr, line);
 }
@@ -135,6 +139,8 @@ windows::Action actionOf(const Gesture& gesture) {
     case Kind::escape:
         return windows::escape(*gesture.window);
     case Kind::pick:
+        if (auto* tree = dynamic_cast<windows::TreeList*>(gesture.control))
+            return windows::choose(*tree, gesture.text, tree->revision());
         return windows::choose(static_cast<windows::ComboBox&>(*gesture.control), gesture.text);
     case Kind::type: {
         auto& box = static_cast<windows::TextBox&>(*gesture.control);

@@ -17,6 +17,13 @@ Event row(const std::string& text, bool marked) {
     return {{"text", text}, {"marked", marked}};
 }
 
+std::string joined(const std::vector<std::string>& texts) {
+    std::string all;
+    for (const auto& text : texts)
+        all += " | " + text;
+    return all;
+}
+
 void addRows(Event& state, const windows::Control& control) {
     auto rows = Event::array();
     if (const auto* list = dynamic_cast<const windows::MarkList*>(&control)) {
@@ -34,6 +41,10 @@ void addRows(Event& state, const windows::Control& control) {
     } else if (const auto* plain = dynamic_cast<const windows::ListBox*>(&control)) {
         for (const auto& item : plain->items())
             rows.push_back(row(shownText(item.text), false));
+    } else if (const auto* tree = dynamic_cast<const windows::TreeList*>(&control)) {
+        for (const auto& each : tree->rows())
+            rows.push_back(row(shownText(each.key + joined(each.texts)), &each == tree->current()));
+        state["index"] = tree->index();
     } else {
         return;
     }

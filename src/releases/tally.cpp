@@ -15,6 +15,17 @@ namespace {
 
 constexpr std::int64_t second = 1'000'000'000;
 
+std::string dateText(std::int64_t time) {
+    const std::chrono::sys_seconds moment{std::chrono::seconds(time)};
+    const std::chrono::year_month_day day(std::chrono::floor<std::chrono::days>(moment));
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u", static_cast<int>(day.year()),
+                  static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()));
+    return text.data();
+}
+
+} // namespace
+
 std::string sizeText(std::uint64_t bytes) {
     constexpr std::array<const char*, 4> units = {"KB", "MB", "GB", "TB"};
     constexpr double step = 1024;
@@ -30,17 +41,6 @@ std::string sizeText(std::uint64_t bytes) {
     std::snprintf(text.data(), text.size(), size < 10 ? "%.1f %s" : "%.0f %s", size, units[unit]);
     return text.data();
 }
-
-std::string dateText(std::int64_t time) {
-    const std::chrono::sys_seconds moment{std::chrono::seconds(time)};
-    const std::chrono::year_month_day day(std::chrono::floor<std::chrono::days>(moment));
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u", static_cast<int>(day.year()),
-                  static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()));
-    return text.data();
-}
-
-} // namespace
 
 Tally::Tally(platform::Disk& disk, std::vector<std::string> paths)
     : disk_(&disk), left_(std::move(paths)) {}

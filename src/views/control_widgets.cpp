@@ -10,6 +10,7 @@
 #include "mark_list_view.h"
 #include "tab_badges.h"
 #include "text_follower.h"
+#include "tree_view.h"
 #include "views/qt_toolkit.h"
 #include "views/window_view.h"
 
@@ -184,6 +185,15 @@ MarkListView* WindowView::markList(windows::MarkList& control) {
             post(windows::markAll(control, std::move(texts), marked, revision));
         }};
     auto* widget = new MarkListView(control, gestures, this);
+    bind(control, widget, [widget] { widget->follow(); });
+    return widget;
+}
+
+TreeView* WindowView::treeList(windows::TreeList& control) {
+    const auto picked = [this, &control](const std::string& key, unsigned revision) {
+        post(windows::choose(control, key, revision));
+    };
+    auto* widget = new TreeView(control, picked, this);
     bind(control, widget, [widget] { widget->follow(); });
     return widget;
 }

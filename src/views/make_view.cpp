@@ -2,6 +2,7 @@
 #include <stdexcept>
 
 #include "main_view.h"
+#include "preview_views.h"
 #include "text_views.h"
 #include "wizard_views.h"
 #include "working_view.h"
@@ -13,6 +14,10 @@ std::unique_ptr<WindowView> makeView(windows::Window& window, QtToolkit& toolkit
         return std::make_unique<MainView>(*main, toolkit);
     if (auto* readme = dynamic_cast<windows::frmShowReadme*>(&window))
         return makeShowReadmeView(*readme, toolkit);
+    if (auto* preview = dynamic_cast<windows::frmPreview*>(&window))
+        return makePreviewView(*preview, toolkit);
+    if (auto* answers = dynamic_cast<windows::frmAnswers*>(&window))
+        return makeAnswersView(*answers, toolkit);
     if (auto* list = dynamic_cast<windows::frmFList*>(&window))
         return makeFileListView(*list, toolkit);
     if (auto* add = dynamic_cast<windows::frmAdd*>(&window))

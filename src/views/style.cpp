@@ -127,6 +127,15 @@ QLineEdit:disabled, QPlainTextEdit:disabled { color: @faint; }
 QProgressBar { border: 1px solid @border; border-radius: 6px; text-align: center;
                background: @base; }
 QProgressBar::chunk { background: @accent; border-radius: 5px; }
+QTreeView { background: @base; border: 1px solid @border; border-radius: 6px; outline: none; }
+QTreeView:focus { border: 1px solid @accent; }
+QTreeView:disabled { background: @window; }
+QTreeView::item { padding: 3px 0; }
+QTreeView::item:hover { background: @hover; }
+QTreeView::item:selected { background: @hover; color: @text; }
+QTreeView::branch:selected, QTreeView::branch:hover { background: transparent; }
+QHeaderView::section { background: @window; color: @faint; border: none; padding: 5px 6px;
+                       border-bottom: 1px solid @border; }
 QListView { padding: 4px; outline: none; }
 QListView::item { padding: 5px 4px; border-radius: 4px; color: @text; }
 QListView:disabled { background: @window; }

@@ -67,6 +67,11 @@ Action markAll(MarkList& list, std::vector<std::string> texts, bool marked, unsi
             [&list, revision] { return list.revision() == revision; }};
 }
 
+Action choose(TreeList& tree, std::string key, unsigned revision) {
+    return {&tree.window(), &tree, nullptr, [&tree, key = std::move(key)] { tree.pick(key); },
+            [&tree, revision] { return tree.revision() == revision; }};
+}
+
 Action leave(TextBox& box) {
     return {&box.window(), &box, nullptr, [&box] { raise(box.onLeave); }, {}};
 }

@@ -70,6 +70,7 @@ void frmMain::wire() {
     cmdRemove.onClick = [this] { cmdRemove_Click(); };
     cmdClean.onClick = [this] { cmdClean_Click(); };
     mnuFLaunch.onClick = [this] { cmdGo_Click(); };
+    mnuFPreview.onClick = [this] { mnuFPreview_Click(); };
     mnuFRevert.onClick = [this] { cmdRevert_Click(); };
     mnuFComeBack.makeCheckable();
     mnuFComeBack.onClick = [this] { mnuFComeBack_Click(); };

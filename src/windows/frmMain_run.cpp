@@ -9,6 +9,7 @@
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "windows/frmMain.h"
+#include "windows/frmPreview.h"
 #include "windows/title.h"
 
 namespace windows {
@@ -182,7 +183,8 @@ void frmMain::tellOfDamage(const cycle::LastLaunch& last) {
 bool frmMain::moveFiles() {
     setResting(true);
     const auto journal =
-        cycle::makePlan(game_, selection_, unfinished_, {&chosen_, &answers_}).journal();
+        cycle::makePlan(game_, selection_, unfinished_, {&chosen_, &answers_, wasPreviewed_})
+            .journal();
     saveAnswers();
     log_.open("Rearranging TA Directory...", "Updating for chosen settings...",
               LogWindow::Shows::withText);
@@ -236,6 +238,13 @@ void frmMain::cmdGo_Click() {
     startProgram(std::string(releases::gameProgram));
     saveSelsOrTell();
     endProgram();
+}
+
+void frmMain::mnuFPreview_Click() {
+    wasPreviewed_ = true;
+    frmPreview preview(
+        toolkit(), {game_, selection_, unfinished_, chosen_, answers_, [this] { saveAnswers(); }});
+    preview.Form_Load();
 }
 
 /// The weapon report needs the selection in place: it is applied, a copy of the program with the

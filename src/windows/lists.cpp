@@ -87,6 +87,33 @@ void ListBox::add(std::string text, std::string note) {
     changed();
 }
 
+void TreeList::setRows(std::vector<Row> rows) {
+    const auto key = current() == nullptr ? std::string() : current()->key;
+    rows_ = std::move(rows);
+    index_ = key.empty() ? -1 : find(key);
+    ++revision_;
+    changed();
+}
+
+const TreeList::Row* TreeList::current() const {
+    return index_ < 0 ? nullptr : &rows_[static_cast<std::size_t>(index_)];
+}
+
+int TreeList::find(std::string_view key) const {
+    const auto row = std::ranges::find(rows_, key, &Row::key);
+    return row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
+}
+
+void TreeList::pick(std::string_view key) {
+    const int wanted = find(key);
+    if (wanted < 0)
+        return;
+    index_ = wanted;
+    changed();
+    if (onPick)
+        onPick();
+}
+
 void ComboBox::pick(std::string_view text) {
     const auto row = std::find(rows_.begin(), rows_.end(), text);
     if (row == rows_.end())

@@ -247,9 +247,10 @@ TEST(Preview, shows_what_the_launch_does_in_random_game_directories) {
 }
 
 /// What would be planned, every question answered with Yes.
-std::string planOver(const cycle::Listings& listings, const cycle::Selection& selection) {
+std::string planOver(const releases::GameDirectory& game, const cycle::Listings& listings,
+                     const cycle::Selection& selection) {
     test::ScriptedAnswers yes;
-    return formats::humanText(cycle::makePlan(listings, yes, selection).journal());
+    return formats::humanText(cycle::makePlan(game, listings, yes, selection).journal());
 }
 
 TEST(AfterReset, tells_what_the_reset_leaves_in_random_game_directories) {
@@ -272,12 +273,12 @@ TEST(AfterReset, tells_what_the_reset_leaves_in_random_game_directories) {
         const auto last = cycle::readLastLaunch(game);
         const auto next = random.selection();
         const auto listings = cycle::listingsAfterReset(game, last);
-        const auto expected = listings ? planOver(*listings, next) : std::string();
+        const auto expected = listings ? planOver(game, *listings, next) : std::string();
         unfinished = cycle::undo(game, last, false);
         if (!listings)
             continue;
         ++told;
-        ASSERT_EQ(planOver(cycle::listingsOf(game, unfinished), next), expected);
+        ASSERT_EQ(planOver(game, cycle::listingsOf(game, unfinished), next), expected);
     }
     EXPECT_GT(told, static_cast<int>(games) / 2);
 }

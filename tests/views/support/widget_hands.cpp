@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTabBar>
+#include <QTreeView>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -54,7 +55,31 @@ void clickRow(const headless::Gesture& gesture, const QWidget& view, Qt::MouseBu
     }
 }
 
+/// Folders on the way are opened first, as a person must.
+bool clickBranch(QTreeView* tree, const QModelIndex& parent, const QString& key) {
+    auto* rows = tree->model();
+    for (int row = 0; row < rows->rowCount(parent); ++row) {
+        const auto index = rows->index(row, 0, parent);
+        if (index.data(Qt::UserRole).toString() == key) {
+            for (auto above = index.parent(); above.isValid(); above = above.parent())
+                tree->expand(above);
+            tree->scrollTo(index);
+            click(tree->viewport(), tree->visualRect(index).center());
+            return true;
+        }
+        if (clickBranch(tree, index, key))
+            return true;
+    }
+    return false;
+}
+
 void pickRow(const headless::Gesture& gesture, const QWidget& view) {
+    if (dynamic_cast<windows::TreeList*>(gesture.control) != nullptr) {
+        auto* tree = of<QTreeView>(gesture, view);
+        EXPECT_TRUE(tree == nullptr || clickBranch(tree, {}, views::shown(gesture.text)))
+            << "no row " << gesture.text;
+        return;
+    }
     auto* box = of<QComboBox>(gesture, view);
     if (box == nullptr)
         return;

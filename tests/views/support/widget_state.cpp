@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTimer>
+#include <QTreeView>
 
 #include "views/window_view.h"
 
@@ -50,6 +51,18 @@ QString markedRow(const QString& text, bool marked) {
     return marked ? text + "*" : text;
 }
 
+void addBranches(const QTreeView& tree, const QModelIndex& parent, QStringList& rows) {
+    const auto* model = tree.model();
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const auto index = model->index(row, 0, parent);
+        QStringList texts{index.data(Qt::UserRole).toString()};
+        for (int column = 0; column < model->columnCount(); ++column)
+            texts << index.siblingAtColumn(column).data().toString();
+        rows << markedRow(texts.join(" | "), index == tree.currentIndex().siblingAtColumn(0));
+        addBranches(tree, index, rows);
+    }
+}
+
 QStringList rowsOn(const QWidget& widget) {
     QStringList rows;
     if (const auto* tabs = qobject_cast<const QTabBar*>(&widget)) {
@@ -58,6 +71,9 @@ QStringList rowsOn(const QWidget& widget) {
     } else if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
         for (int row = 0; row < combo->count(); ++row)
             rows << markedRow(combo->itemText(row), row == combo->currentIndex());
+    } else if (const auto* tree = qobject_cast<const QTreeView*>(&widget)) {
+        addBranches(*tree, {}, rows);
+        rows.sort();
     } else if (const auto* list = qobject_cast<const QListView*>(&widget)) {
         for (int row = 0; row < list->model()->rowCount(); ++row) {
             const auto index = list->model()->index(row, 0);
@@ -79,6 +95,14 @@ QStringList rowsOf(const windows::Control& control) {
     } else if (const auto* list = dynamic_cast<const windows::MarkList*>(&control)) {
         for (const auto& item : list->items())
             rows << markedRow(shown(item.text), item.marked);
+    } else if (const auto* tree = dynamic_cast<const windows::TreeList*>(&control)) {
+        for (const auto& row : tree->rows()) {
+            QStringList texts{shown(row.key)};
+            for (const auto& text : row.texts)
+                texts << shown(text);
+            rows << markedRow(texts.join(" | "), &row == tree->current());
+        }
+        rows.sort();
     } else if (const auto* plain = dynamic_cast<const windows::ListBox*>(&control)) {
         for (const auto& item : plain->items())
             rows << shown(item.text) + (item.note.empty() ? "" : "   (" + shown(item.note) + ")");

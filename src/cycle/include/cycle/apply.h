@@ -16,10 +16,15 @@ namespace cycle {
 /// not move back. Both must outlive it.
 Listings listingsOf(const releases::GameDirectory& game, const Unfinished& unfinished);
 
-/// What need not be asked. Both may be null.
+/// Whether the two files of a clash have the same bytes. Those that cannot be read have not.
+bool holdSame(const ClashQuestion& clash, const releases::GameDirectory& game);
+
+/// What need not be asked. The decisions may be null.
 struct Settled {
     const Decisions* chosen = nullptr; ///< for this launch; goes first
     Decisions* remembered = nullptr;   ///< takes in what the user wishes to be remembered
+    /// Two files of the same bytes need no choice.
+    bool skipsSame = false;
 };
 
 /// Works the plan out and asks about every clash that is not settled. Changes nothing on the disk,
@@ -29,7 +34,8 @@ Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
               const Unfinished& unfinished = {}, const Settled& settled = {});
 
 /// The same over listings of any kind. Only `questions` is asked.
-Plan makePlan(const Listings& listings, platform::Questions& questions, const Selection& selection,
+Plan makePlan(const releases::GameDirectory& game, const Listings& listings,
+              platform::Questions& questions, const Selection& selection,
               const Settled& settled = {});
 
 /// Writes the journal and its state, makes the folders, moves the files; then runs `modifier`, if

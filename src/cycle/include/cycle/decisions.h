@@ -25,6 +25,7 @@ struct Owner {
     std::string text() const;
 };
 
+Owner theGame();
 Owner ownerOf(const moveEntry& entry);
 /// What such a text names, or nothing.
 std::optional<Owner> readOwner(std::string_view text);
@@ -37,17 +38,16 @@ struct Decision {
     Owner loser;
 };
 
-/// Whether a program that a release brings shall be the game, where that was decided: then it is
-/// so about the place of the game's own program.
-class Decisions;
-std::optional<bool> exeDecision(const ExeQuestion& question, const Decisions* decisions);
-
 class Decisions {
   public:
     /// Takes the place of one about the same two and the same place.
     void decide(Decision decision);
+    /// The same without exceptions: those about the same two within the place are forgotten.
+    void decideThroughout(Decision decision);
     /// False where there is none about these two and this place.
     bool forget(const Decision& decision);
+    /// All about the two that reach a file.
+    void forgetAt(std::string_view file, const Owner& one, const Owner& other);
     void clear() { byRivals_.clear(); }
     /// Takes in all of the others, which count where both speak of the same two and the same place.
     void add(const Decisions& others);
@@ -77,5 +77,13 @@ class Decisions {
     /// By their places, case folded.
     std::map<Rivals, std::map<std::string, Decision>> byRivals_;
 };
+
+/// The answer to a question that is known ahead: chosen before the launch, or remembered. Whether a
+/// program that a release brings shall be the game is a decision about the place of the game's own
+/// one. Both decisions may be null.
+std::optional<Verdict> knownVerdict(const ClashQuestion& question, const Decisions* chosen,
+                                    const Decisions* remembered);
+std::optional<Verdict> knownVerdict(const ExeQuestion& question, const Decisions* chosen,
+                                    const Decisions* remembered);
 
 } // namespace cycle

@@ -34,6 +34,8 @@ struct Preview {
         bool isConflict() const;
         /// The user will be asked who gets it.
         bool isOpen() const;
+        /// Who wants the place, the owner first, each once.
+        std::vector<Owner> contenders() const;
     };
     /// A move that will fail, since something is in its way that no release answers for.
     struct Blocked {
@@ -41,20 +43,11 @@ struct Preview {
         std::string to;
         Owner owner;
     };
-    /// A program that a release brings, and whether it will be the game.
-    struct Program {
-        moveEntry exe;
-        bool isGame = false;
-        Why why = Why::open;
-    };
 
     /// By their paths, case ignored. Without what lies in the data tree already.
     std::vector<File> files;
     std::vector<std::string> newFolders;
     std::vector<Blocked> blocked;
-    std::vector<Program> programs;
-    /// Where two files are the same, so that nobody need be asked.
-    std::vector<Decision> sameFiles;
     /// What the launch would write down.
     formats::Journal journal;
 
@@ -66,9 +59,17 @@ struct Preview {
 };
 
 /// Folders that cannot be listed count as empty. Both decisions may be null; where neither knows,
-/// A is taken, as by the default button of the question.
+/// A is taken, as by the default button of the question. That a release's program becomes the game
+/// is a conflict with the game's own one, whether the game has one or not.
 Preview makePreview(const releases::GameDirectory& game, const Selection& selection,
                     const Unfinished& unfinished, const Decisions* chosen,
                     const Decisions* remembered);
+
+/// How far a choice reaches.
+enum class Reach { file, folder, everywhere };
+
+/// What is decided where one of its contenders gets a file, or all that it and they both bring to
+/// the folder, or anywhere.
+std::vector<Decision> decisionsFor(const Preview::File& file, const Owner& winner, Reach reach);
 
 } // namespace cycle

@@ -9,6 +9,9 @@
 
 namespace releases {
 
+/// A size for people, such as "5.6 MB".
+std::string sizeText(std::uint64_t bytes);
+
 /// Goes through folders with all that is in them. The disk must outlive it.
 class Tally {
   public:

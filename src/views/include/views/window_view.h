@@ -25,6 +25,7 @@ namespace views {
 class DropHint;
 class MarkListView;
 class QtToolkit;
+class TreeView;
 
 /// One window of the logic on the screen. Makes a widget for each control, named as the control is,
 /// and passes what the user does to the toolkit, which hands it to the logic in its own time. A
@@ -55,6 +56,7 @@ class WindowView : public QWidget {
     QListWidget* listBox(windows::ListBox& control);
     QProgressBar* progressBar(windows::ProgressBar& control);
     MarkListView* markList(windows::MarkList& control);
+    TreeView* treeList(windows::TreeList& control);
     void timer(windows::Timer& control);
 
     /// Ties a widget's text, state and visibility to a control's.

@@ -31,6 +31,7 @@ Action click(MarkList& list, std::string text, unsigned revision);
 /// The same for one that is only looked at, and for many that are marked or cleared at once.
 Action read(MarkList& list, std::string text, unsigned revision);
 Action markAll(MarkList& list, std::vector<std::string> texts, bool marked, unsigned revision);
+Action choose(TreeList& tree, std::string key, unsigned revision);
 /// The user has left the box.
 Action leave(TextBox& box);
 Action close(Window& window);

@@ -101,6 +101,7 @@ class frmMain : public Window {
 
     Menu mnuMain{*this, "mnuMain", "&Main"};
     MenuItem mnuFLaunch{*this, mnuMain, "mnuFLaunch", "&Launch TA", "Ctrl+G"};
+    MenuItem mnuFPreview{*this, mnuMain, "mnuFPreview", "&Preview...", "Ctrl+P"};
     MenuItem mnuFRevert{*this, mnuMain, "mnuFRevert", "&Revert", "Ctrl+R"};
     MenuItem mnuFComeBack{*this, mnuMain, "mnuFComeBack", "&Come Back When The Game Ends", ""};
     MenuItem mnuFExitVXL{*this, mnuMain, "mnuFExitVXL", "&Exit VXL", "Ctrl+Q"};
@@ -163,6 +164,7 @@ class frmMain : public Window {
     void tmrSleep_Timer();
     void showLogForASecond();
     void cmdGo_Click();
+    void mnuFPreview_Click();
     void mnuFCweapon_Click();
     void saveSelsOrTell();
     void warnNotStarted(const std::string& name, const platform::Failure& failure);
@@ -252,6 +254,8 @@ class frmMain : public Window {
     /// What need not be asked at the launch.
     cycle::Decisions chosen_;
     cycle::Decisions answers_;
+    /// The user has looked at what a launch would do: he need not choose between equal files.
+    bool wasPreviewed_ = false;
     /// What the disk has of them.
     std::string savedAnswers_;
     /// The names of the current tab's releases, in the order of the list.

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "windows/element.h"
@@ -87,6 +88,45 @@ class ListBox : public Control {
 
   private:
     std::vector<Item> items_;
+};
+
+/// Rows that stand below each other as folders and files do, with a text for each column.
+class TreeList : public Control {
+  public:
+    enum class Look { plain, quiet, decided, open };
+    struct Row {
+        std::string key; ///< tells it from all others, and is what it is picked by
+        int parent = -1; ///< the place of a row ahead of it, or -1
+        std::vector<std::string> texts;
+        Look look = Look::plain;
+        bool showsChildren = false; ///< until the user says otherwise
+    };
+
+    TreeList(Window& owner, std::string name, std::vector<std::string> columns)
+        : Control(owner, std::move(name)), columns_(std::move(columns)) {}
+
+    const std::vector<std::string>& columns() const { return columns_; }
+    const std::vector<Row>& rows() const { return rows_; }
+    /// Replaces all rows. The current one stays, if there is a row of its key.
+    void setRows(std::vector<Row> rows);
+    /// The place of the current row, or -1.
+    int index() const { return index_; }
+    const Row* current() const;
+    /// The place of the row of that key, or -1.
+    int find(std::string_view key) const;
+    /// Grows when rows come or go.
+    unsigned revision() const { return revision_; }
+
+    /// What the user does: makes the row of that key current and tells the owner.
+    void pick(std::string_view key);
+
+    std::function<void()> onPick;
+
+  private:
+    std::vector<std::string> columns_;
+    std::vector<Row> rows_;
+    int index_ = -1;
+    unsigned revision_ = 0;
 };
 
 /// A drop-down list that cannot be typed into. Its text is the row chosen, empty at first.
