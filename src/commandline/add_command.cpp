@@ -93,9 +93,10 @@ ExitCode add(Workspace& work) {
     if (isWhole)
         return done;
     disk.removeTree(folder);
+    const auto notAdded = "The " + cycle::Owner{info.type, name}.text() + " was not added.";
     if (work.questions.open() > 0)
-        throw Stop{wrongUsage, "Nothing was added. Answer with --yes or --no."};
-    throw Stop{failed, "Nothing was added."};
+        throw Stop{wrongUsage, notAdded + " Answer with --yes or --no."};
+    throw Stop{failed, notAdded};
 }
 
 } // namespace commandline

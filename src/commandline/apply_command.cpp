@@ -1,4 +1,5 @@
 // A launch without a window. All that it would ask is known, and answered, before the first change.
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <ostream>
@@ -41,14 +42,31 @@ void refuseOpenQuestions(const Workspace& work, const cycle::Set& selected) {
     throw Stop{wrongUsage, howToAnswer};
 }
 
+/// A loose file that could not be moved back is not where it should be, but nobody has removed it.
+void leaveOutMissing(Workspace& work, cycle::Selection& selection,
+                     const cycle::Unfinished& unfinished) {
+    auto found = selection;
+    bool isAnyWaiting = false;
+    for (const auto& owner : cycle::takeOutMissing(found, work.store)) {
+        const auto places = work.store.placesOf(owner.type, owner.name);
+        if (std::ranges::any_of(places, [&](const auto& at) { return unfinished.touches(at); })) {
+            isAnyWaiting = true;
+            continue;
+        }
+        work.questions.warn("The " + owner.text() +
+                            " is listed as selected but could not be found.");
+        selection.forget(owner.type, owner.name);
+    }
+    if (!isAnyWaiting)
+        selection = std::move(found);
+}
+
 /// From the selection to the state of the game directory. Throws Stop where nothing was moved.
 void moveFiles(Workspace& work, cycle::Set& selected) {
     work.refuseRunningGame();
     refuseOpenQuestions(work, selected);
     auto unfinished = work.reset();
-    for (const auto& owner : cycle::takeOutMissing(selected.selection, work.store))
-        work.questions.warn("The " + owner.text() +
-                            " is listed as selected but could not be found.");
+    leaveOutMissing(work, selected.selection, unfinished);
     const auto journal =
         cycle::makePlan(work.game, selected.selection, unfinished, {nullptr, &selected.answers})
             .journal();
