@@ -19,15 +19,10 @@ constexpr auto isRunningAlready = "Vexillum is already running in this directory
 
 int runCommand(const std::vector<std::string>& arguments) {
     platform::useConsoleOfCaller();
-    const auto folder = platform::programFolder();
-    const auto [lock, wasAnswered] = platform::lockFolder(folder, platform::Holder::isLeftAlone);
-    if (!lock) {
-        std::cerr << isRunningAlready << '\n';
-        return commandline::failed;
-    }
     const auto disk = platform::makeDisk();
     const auto programs = platform::makePrograms(*disk);
-    return commandline::run({*disk, *programs, folder, std::cout, std::cerr}, arguments);
+    return commandline::run({*disk, *programs, platform::programFolder(), std::cout, std::cerr},
+                            arguments);
 }
 
 int runWindows(int argc, char** argv) {

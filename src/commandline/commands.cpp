@@ -1,25 +1,61 @@
-// A command line is one verb.
+// From the command line to the command, and from what it throws to what the program ends with.
 #include "commandline/commands.h"
 
 #include <ostream>
 
-#include "platform/text.h"
-#include "reset_command.h"
+#include "command_line.h"
+#include "platform/failure.h"
+#include "verbs.h"
 
 namespace commandline {
 namespace {
 
-constexpr auto usage = R"(Usage: Vexillum.exe [COMMAND]
+using Command = ExitCode (*)(Workspace&);
 
-Without a command the catalogue opens.
+Command commandOf(Verb verb) {
+    switch (verb) {
+    case Verb::list:
+        return list;
+    case Verb::plan:
+        return plan;
+    case Verb::apply:
+        return apply;
+    case Verb::launch:
+        return launch;
+    case Verb::reset:
+        return reset;
+    case Verb::add:
+        return add;
+    case Verb::remove:
+        return remove;
+    case Verb::set:
+        return set;
+    case Verb::check:
+        return check;
+    case Verb::version:
+    case Verb::help:
+        break;
+    }
+    return nullptr;
+}
 
-  --reset     makes the game directory plain: moves every file of the last launch
-              back and keeps the selection
-  --version   tells the version
-  --help      tells this
+ExitCode carryOut(const Machine& machine, const CommandLine& line) {
+    if (const auto command = commandOf(line.verb)) {
+        Workspace work(machine, line);
+        return command(work);
+    }
+    machine.output << (line.verb == Verb::help ? usage() : "Vexillum " VEXILLUM_VERSION "\n");
+    return done;
+}
 
-What it ends with: 0 done, 1 something could not be done, 2 no such command.
-)";
+ExitCode tell(const Machine& machine, const WrongUse& use) {
+    machine.errors << printable(use.text) << '\n';
+    if (use.verb)
+        machine.errors << "Usage: " << synopsisOf(*use.verb) << "\nMore is told by --help.\n";
+    else
+        machine.errors << '\n' << usage();
+    return wrongUsage;
+}
 
 } // namespace
 
@@ -29,22 +65,21 @@ bool isCommand(const std::vector<std::string>& arguments) {
 }
 
 ExitCode run(const Machine& machine, const std::vector<std::string>& arguments) {
-    const auto& verb = arguments.front();
-    if (arguments.size() == 1 && verb == "--help") {
-        machine.output << usage;
-        return done;
+    auto code = failed;
+    try {
+        code = carryOut(machine, parse(arguments));
+    } catch (const WrongUse& use) {
+        code = tell(machine, use);
+    } catch (const Stop& stop) {
+        machine.errors << printable(stop.text) << '\n';
+        code = stop.code;
+    } catch (const platform::Failure& failure) {
+        machine.errors << printable(failure.what()) << '\n';
     }
-    if (arguments.size() == 1 && verb == "--version") {
-        machine.output << "Vexillum " VEXILLUM_VERSION "\n";
-        return done;
-    }
-    if (arguments.size() == 1 && verb == "--reset")
-        return reset(machine);
-    std::string all;
-    for (const auto& argument : arguments)
-        all += " " + argument;
-    machine.errors << "There is no such command:" << all << "\n\n" << usage;
-    return wrongUsage;
+    if (machine.output.flush())
+        return code;
+    machine.errors << "The output could not be written.\n";
+    return code == done ? failed : code;
 }
 
 } // namespace commandline

@@ -62,8 +62,7 @@ std::vector<std::size_t> move(releases::GameDirectory& game, const Journal& jour
 }
 
 Verdict settle(const ClashQuestion& clash, const releases::GameDirectory& game,
-               const Settled& settled, platform::MessageRow& row) {
-    auto& questions = game.questions();
+               platform::Questions& questions, const Settled& settled, platform::MessageRow& row) {
     platform::Question question{clash.text(), {"Yes", "No"}};
     if (const auto known = knownVerdict(clash, settled.chosen, settled.remembered)) {
         questions.noteAnswered(question, known->isForA ? 0 : 1);
@@ -106,16 +105,23 @@ Listings listingsOf(const releases::GameDirectory& game, const Unfinished& unfin
 
 Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
               const Unfinished& unfinished, const Settled& settled) {
+    return makePlan(game, listingsOf(game, unfinished), game.questions(), selection, settled);
+}
+
+Plan makePlan(const releases::GameDirectory& game, const Listings& listings,
+              platform::Questions& questions, const Selection& selection, const Settled& settled) {
     platform::MessageRow clashes;
     platform::MessageRow programs;
-    return Plan::make(
-        selection, listingsOf(game, unfinished),
-        {[&](const ClashQuestion& question) { return settle(question, game, settled, clashes); },
-         [&](const ExeQuestion& question) {
-             if (const auto known = knownVerdict(question, settled.chosen, settled.remembered))
-                 return known->isForA;
-             return game.questions().askYesNo(question.text(), &programs);
-         }});
+    return Plan::make(selection, listings,
+                      {[&](const ClashQuestion& question) {
+                           return settle(question, game, questions, settled, clashes);
+                       },
+                       [&](const ExeQuestion& question) {
+                           if (const auto known =
+                                   knownVerdict(question, settled.chosen, settled.remembered))
+                               return known->isForA;
+                           return questions.askYesNo(question.text(), &programs);
+                       }});
 }
 
 bool carryOut(releases::GameDirectory& game, const Journal& journal, Unfinished& unfinished,

@@ -235,9 +235,12 @@ void MemberImport::write(const std::string& path,
     try {
         if (const auto cut = path.rfind('\\'); cut != std::string::npos)
             makeFolders(path.substr(0, cut));
-        step(folder_ + "\\" + path);
-        written_.emplace(platform::foldCase(path), path);
-        result_.files.push_back(path);
+        const auto folded = platform::foldCase(path);
+        // What came under another spelling of the name waits under that one.
+        const auto earlier = written_.find(folded);
+        step(folder_ + "\\" + (earlier == written_.end() ? path : earlier->second));
+        if (written_.emplace(folded, path).second)
+            result_.files.push_back(path);
     } catch (const platform::Failure& failure) {
         tellOfFailure(path, failure.reason());
     }

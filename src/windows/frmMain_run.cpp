@@ -1,9 +1,11 @@
 // The way in and out: start and reset, close, launch, restart.
+#include <utility>
+
 #include "conflict/modConflict.h"
 #include "cycle/apply.h"
 #include "cycle/reset.h"
 #include "cycle/selection_files.h"
-#include "menumod/modTrlx.h"
+#include "menumod/modifier_step.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "windows/frmMain.h"
@@ -187,24 +189,10 @@ bool frmMain::moveFiles() {
               LogWindow::Shows::withText);
     std::string problem;
     const auto modifier = [&] {
-        menumod::modTrlx trellis(game_, {selection_.modifier.compress, selection_.modifier.small});
-        // Where a stage fails the setting stays, so that the next reset removes what was made.
-        std::vector<std::string> thrown;
-        try {
-            selection_.modifier.enabled = trellis.enableTrlx();
-        } catch (const platform::Failure& failure) {
-            thrown.emplace_back(failure.what());
-        }
-        auto failures = trellis.failures();
-        failures.insert(failures.end(), thrown.begin(), thrown.end());
-        if (!failures.empty())
-            problem = "The Trellis could not make all of its files, so build menus may be "
-                      "wrong:\r\n\r\n" +
-                      platform::shownList(failures) +
-                      "\r\nPlease make room on the disk or allow writing to the game directory.";
-        if (const auto& unit = trellis.unitLeadingOut())
-            problem = "The download file of the unit \"" + *unit +
-                      "\" could not be opened, because its name leads out of the folder.";
+        auto outcome =
+            menumod::runModifier(game_, {selection_.modifier.compress, selection_.modifier.small});
+        selection_.modifier.enabled = outcome.isOn;
+        problem = std::move(outcome.problem);
     };
     const bool isMoved =
         cycle::carryOut(game_, journal, unfinished_,

@@ -3,13 +3,18 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include "commandline/commands.h"
+#include "packing/zip_writer.h"
+#include "platform/instance_lock.h"
 #include "support/game.h"
+#include "support/system.h"
 
 namespace commandline {
 namespace {
 
+using Json = nlohmann::ordered_json;
 using testing::HasSubstr;
 
 class NoPrograms final : public platform::Programs {
@@ -44,6 +49,8 @@ class CommandsTest : public testing::Test {
         game.put("a.ufo", "the map's");
         game.put("Vexillum/TC-Cavedog TA/a.ufo", "the game's");
     }
+
+    Json json() const { return Json::parse(output.str()); }
 
     test::Game game;
     NoPrograms programs;
@@ -93,20 +100,160 @@ TEST_F(CommandsTest, folders_of_the_trellis_names_are_the_users_once_a_launch_is
     EXPECT_EQ(game.content("guis/mine.gui"), "mine");
 }
 
-TEST_F(CommandsTest, what_is_no_command_is_refused_with_the_usage) {
-    for (const auto& arguments : std::vector<std::vector<std::string>>{
-             {"--rest"}, {"--reset", "now"}, {"--version", "--help"}, {"reset"}, {""}}) {
-        EXPECT_TRUE(isCommand(arguments));
-        EXPECT_EQ(give(arguments), wrongUsage);
-        EXPECT_THAT(errors.str(), HasSubstr("Usage:"));
-        EXPECT_EQ(output.str(), "");
+TEST_F(CommandsTest, wrong_use_is_told_in_a_line_and_changes_nothing) {
+    struct Row {
+        std::vector<std::string> arguments;
+        const char* told;
+    };
+    const Row rows[] = {
+        {{"--rest"}, "There is no command and no option \"--rest\"."},
+        {{"-l"}, "There is no command and no option \"-l\"."},
+        {{"--list", "--WIDCF"}, "There is no command and no option \"--WIDCF\"."},
+        {{"reset"}, "There is no command: \"reset\"."},
+        {{""}, "There is no command: \"\"."},
+        {{"--json"}, "There is no command."},
+        {{"--"}, "There is no command."},
+        {{"--", "--list"}, "There is no command: \"--list\"."},
+        {{"--reset", "now"}, "\"--reset\" does not take \"now\"."},
+        {{"--version", "--help"}, "One command at a time: \"--version\" and \"--help\" are two."},
+        {{"--list", "--json", "--json"}, "\"--json\" stands there twice."},
+        {{"--list", "--json=yes"}, "\"--json\" takes no value."},
+        {{"--list", "--yes"}, "\"--list\" does not take \"--yes\"."},
+        {{"--apply", "--wait"}, "\"--apply\" does not take \"--wait\"."},
+        {{"--apply", "--yes", "--no"}, "\"--yes\" and \"--no\" exclude each other."},
+        {{"--plan", "A", "B"}, "\"--plan\" does not take \"B\"."},
+        {{"--plan="}, "\"--plan\" does not take an empty [SET]."},
+        {{"--launch", "--directory", "--wait"}, "\"--directory DIR\" lacks its value."},
+        {{"--launch", "--directory="}, "\"--directory DIR\" lacks its value."},
+        {{"--add", "x", "--type", "Map"}, "\"--add\" needs \"--name NAME\"."},
+        {{"--add", "--type", "Map", "--name", "x"}, "\"--add\" lacks its PATH."},
+        {{"--add", "x", "--type", "Maps", "--name", "x"}, "There is no type \"Maps\"."},
+        {{"--add", "x", "--type", "Map", "--name", "a*b"}, "Not all characters of \"a*b\""},
+        {{"--add", "x", "--type", "Map", "--name", "MISC"}, "\"MISC\" is the folder of single"},
+        {{"--remove", "x"}, "\"--remove\" needs \"--type TYPE\"."},
+        {{"--set"}, "\"--set\" lacks its NAME=VALUE...."},
+        {{"--set", "modifier"}, "\"modifier\" is no assignment."},
+        {{"--set", "=on"}, "\"=on\" is no assignment."},
+        {{"--set", "small=on", "modifier=true"}, "\"modifier=true\" can be on or off."},
+        {{"--set", "small+=on"}, "\"small+=on\" can be on or off."},
+        {{"--set", "maps=x"}, "There is nothing called \"maps\" to be set."},
+        {{"--set", "tc+=x"}, "\"tc+=x\": there is always one Total Conversion."},
+        {{"--set", "map+="}, "\"map+=\" lacks a name."},
+        {{"--check", "--no"}, "\"--check\" does not take \"--no\"."},
+    };
+    const auto before = game.content("Vexillum/VXL-Sel/selTrlx.txt");
+    for (const auto& row : rows) {
+        EXPECT_TRUE(isCommand(row.arguments));
+        EXPECT_EQ(give(row.arguments), wrongUsage) << row.told;
+        EXPECT_THAT(errors.str(), testing::StartsWith(row.told));
+        EXPECT_EQ(output.str(), "") << row.told;
     }
+    EXPECT_EQ(game.content("Vexillum/VXL-Sel/selTrlx.txt"), before);
+    EXPECT_FALSE(isCommand({}));
+    EXPECT_FALSE(isCommand({"--WIDCF"})) << "it needs the window";
+}
+
+TEST_F(CommandsTest, options_stand_in_any_order_and_in_either_form) {
+    game.put("Vexillum/VXL-Sets/--odd.txt",
+             "Vexillum Set\n[Releases]\nMap \"Gone\"\n[Menu Modifier]\n[Answers]\n");
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {"--plan", "--json", "--", "--odd"},
+             {"--json", "--plan=--odd"},
+             {"--directory=" + game.folder(), "--json", "--plan", "--", "--odd"},
+             {"--json", "--directory", game.folder() + "/Vexillum/..", "--plan=--odd"}}) {
+        EXPECT_EQ(give(arguments), done) << errors.str();
+        EXPECT_EQ(json()["missing"], Json::parse(R"([{"type": "Map", "name": "Gone"}])"));
+    }
+    EXPECT_EQ(give({"--list", "--directory", game.folder() + "/nowhere"}), failed);
+    EXPECT_THAT(errors.str(), HasSubstr("There is no folder"));
     EXPECT_EQ(give({"--help"}), done);
     EXPECT_THAT(output.str(), HasSubstr("--reset"));
     EXPECT_EQ(give({"--version"}), done);
     EXPECT_THAT(output.str(), testing::MatchesRegex("Vexillum .*\n"));
-    EXPECT_FALSE(isCommand({}));
-    EXPECT_FALSE(isCommand({"--WIDCF"})) << "it needs the window";
+}
+
+TEST_F(CommandsTest, lists_and_plans_are_documents_of_their_own) {
+    game.put("a.ufo", "the game's");
+    game.put("Vexillum/Map-Two~Rivers/a.ufo", "rivers");
+    game.put("Vexillum/Unit-Misc/crane.ufo", "crane");
+    game.put("Vexillum/Mod-Exe/mod.exe", "exe");
+    ASSERT_EQ(give({"--set", "map=TWO/RIVERS", "unit+=crane.ufo", "mod=Exe", "small=on"}), done);
+    EXPECT_EQ(give({"--list", "--json"}), done);
+    auto listed = json();
+    EXPECT_EQ(listed["state"], "plain");
+    EXPECT_EQ(listed["selection"], Json::parse(R"({"TC": ["Cavedog TA"], "AI": ["Cavedog AI"],
+        "Race": [], "Mod": ["Exe"], "Map": ["Two/Rivers"], "Unit": ["crane.ufo"]})"));
+    EXPECT_EQ(listed["modifier"],
+              Json::parse(R"({"enabled": false, "compress": false, "small": true})"));
+    EXPECT_EQ(give({"--plan", "--json"}), done);
+    const auto plan = json();
+    auto conflict = Json::parse(R"({"path": "a.ufo",
+        "winner": {"type": "Map", "name": "Two/Rivers"},
+        "loser": {"type": "TC", "name": "Cavedog TA"}, "loserFile": "a.ufo", "why": "open"})");
+    conflict["waitsAt"] = test::shown("Vexillum/TC-Cavedog TA/a.ufo");
+    EXPECT_EQ(plan["conflicts"][0], conflict);
+    EXPECT_EQ(plan["conflicts"][1]["path"], "totala.exe");
+    EXPECT_EQ(plan["conflicts"].size(), 2U);
+    EXPECT_EQ(plan["moves"].size(), 5U);
+    EXPECT_EQ(plan["questions"].size(), 2U);
+    // Loose releases are still listed where they lie in the game.
+    ASSERT_EQ(give({"--apply", "--no"}), done) << errors.str();
+    EXPECT_EQ(game.content("crane.ufo"), "crane");
+    EXPECT_EQ(give({"--list", "--json"}), done);
+    EXPECT_EQ(json()["state"], "applied");
+    EXPECT_EQ(json()["releases"], listed["releases"]);
+    EXPECT_EQ(json()["missing"].size(), 0U);
+}
+
+TEST_F(CommandsTest, text_of_any_bytes_makes_good_documents_and_harms_no_terminal) {
+    const auto odd = test::onWindows ? std::string("\xC3\xBC x") : std::string("\xFC\x1B[31m x");
+    game.put("Vexillum/Map-" + odd + "/" + odd + ".ufo", "no archive");
+    game.put("Vexillum/VXL-Sel/selMaps.txt", odd + "\r\n");
+    for (const auto* verb : {"--list", "--plan", "--check"}) {
+        give({verb, "--json"});
+        EXPECT_TRUE(Json::accept(output.str())) << output.str();
+        EXPECT_THAT(output.str(), HasSubstr("\xC3\xBC")) << verb;
+        give({verb});
+        EXPECT_EQ(output.str().find('\x1B'), std::string::npos) << verb;
+    }
+}
+
+TEST_F(CommandsTest, two_names_of_one_file_in_an_archive_are_a_question_ahead_of_the_release) {
+    const auto pack = game.folder() + "/pack.zip";
+    game.put("pack.zip", packing::packZip({{"A.txt", "old"}, {"a.TXT", "new"}, {"b.ufo", "b"}}));
+    const auto before = game.files();
+    const std::vector<std::string> command = {"--add", pack, "--type", "Map", "--name", "New"};
+    EXPECT_EQ(give(command), wrongUsage);
+    EXPECT_THAT(errors.str(), HasSubstr("Would you like to replace it?"));
+    EXPECT_EQ(test::differences(before, game.files()), "");
+    EXPECT_FALSE(game.has("Vexillum/Map-New"));
+    auto answered = command;
+    answered.push_back("--yes");
+    EXPECT_EQ(give(answered), done) << errors.str();
+    EXPECT_EQ(game.content("Vexillum/Map-New/A.txt"), "new");
+    EXPECT_EQ(game.content("Vexillum/Map-New/b.ufo"), "b");
+}
+
+TEST_F(CommandsTest, names_that_lead_out_make_no_release) {
+    game.put("evil.zip", packing::packZip({{"good.ufo", "g"}, {"../../evil", "e"}}));
+    EXPECT_EQ(give({"--add", game.folder() + "/evil.zip", "--type", "Map", "--name", ".."}),
+              failed);
+    EXPECT_THAT(errors.str(), HasSubstr("leads out"));
+    EXPECT_FALSE(game.has("Vexillum/Map-.."));
+    EXPECT_FALSE(game.has("evil"));
+}
+
+TEST_F(CommandsTest, another_copy_holds_the_directory) {
+    const auto held = platform::lockFolder(game.folder(), platform::Holder::isLeftAlone);
+    EXPECT_EQ(give({"--list"}), failed);
+    EXPECT_EQ(errors.str(), "Vexillum is already running in this directory.\n");
+    EXPECT_EQ(give({"--list", "--wait"}), wrongUsage) << "nobody waits for the lock first";
+}
+
+TEST_F(CommandsTest, an_output_that_cannot_be_written_is_no_success) {
+    output.setstate(std::ios::badbit);
+    EXPECT_EQ(give({"--list"}), failed);
+    EXPECT_THAT(errors.str(), HasSubstr("could not be written"));
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <random>
 #include <sstream>
 
+#include "commandline/commands.h"
 #include "headless/session.h"
 #include "platform/text.h"
 #include "support/faulty_disk.h"
@@ -59,6 +60,26 @@ void tell(const Session& session, const std::string& script) {
         std::printf("    box %s\n", platform::inOneLine(box).c_str());
 }
 
+/// A script that is one command line.
+constexpr std::string_view commandWord = "run ";
+
+std::vector<std::string> splitAt(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);)
+        parts.push_back(part);
+    return parts;
+}
+
+void runCommand(const std::string& commandLine, platform::Disk& disk, platform::Programs& programs,
+                Session& session) {
+    std::ostringstream output;
+    std::ostringstream errors;
+    commandline::run({disk, programs, gameFolder, output, errors}, splitAt(commandLine, ' '));
+    session.lines = splitAt(test::inPosixWords(output.str()), '\n');
+    session.boxes = splitAt(test::inPosixWords(errors.str()), '\n');
+}
+
 } // namespace
 
 bool isTelling = false;
@@ -95,7 +116,10 @@ Session play(const Memory& memory, const std::string& script, Answer answer, con
     Toolkit toolkit(actions, transcript, session, answer);
     headless::RecordedPrograms programs(*disk, transcript);
     try {
-        windows::frmMain({*disk, toolkit, programs, gameFolder, "Vexillum.exe", ""}).run();
+        if (script.starts_with(commandWord))
+            runCommand(script.substr(commandWord.size()), *disk, programs, session);
+        else
+            windows::frmMain({*disk, toolkit, programs, gameFolder, "Vexillum.exe", ""}).run();
     } catch (const headless::ScriptEnd&) {
         // The machine went off.
     } catch (const test::PowerCut&) {

@@ -45,7 +45,9 @@ constexpr auto gameFolder = "/game";
 /// Whether each session prints what its user sees.
 extern bool isTelling;
 
-/// Runs the program until the script runs out, which is the machine going off, or it ends.
+/// Runs the program until the script runs out, which is the machine going off, or it ends. A script
+/// "run ..." is a command line, words parted by one blank each: then `boxes` holds the lines of its
+/// errors and `lines` those of its output, a power cut's excepted.
 Session play(const Memory& memory, const std::string& script, Answer answer = Answer::yes,
              const Fault& fault = {});
 

@@ -91,6 +91,9 @@ Memory smallGame() {
                     packing::packArchive(
                         {{"guis\\XYZ1.GUI", "name=UNIT1;\nheight=64;\nname=NEXT;\nheight=24;\n"},
                          {"guis\\XYZGEN.GUI", "name=NEXT;\nheight=24;\n"}}));
+        memory->put(at("Vexillum/VXL-Sets/Best.txt"),
+                    "Vexillum Set\n[Releases]\nMap \"One\"\nMap \"extra.hpi\"\nModification "
+                    "\"Two\"\n[Menu Modifier]\nUse Trellis: Yes\n[Answers]\n");
         memory->put("/outside/member.ufo", "a member");
         memory->put("/outside/readme of mine.txt", "a readme");
         memory->put("/outside/pack.zip", packing::packZip({{"pack/one.ufo", "first of the pack"},
@@ -189,6 +192,23 @@ const std::vector<Operation>& operations() {
          {{"Vexillum/Map-Misc/extra.hpi", ""}},
          {},
          "removed successfully"},
+        {"command-apply", "", "run --apply Best --yes"},
+        {"command-apply-again", choose + trellis + launch, "run --apply --no"},
+        {"command-launch-wait", choose + launch, "run --launch Best --wait --yes"},
+        {"command-set", "", "run --set mod=Two map+=extra.hpi modifier=on"},
+        {"command-add",
+         "",
+         "run --add /outside/pack.zip --type Map --name Four",
+         Answer::yes,
+         {},
+         {{"Vexillum/Map-Four/one.ufo", "first of the pack"},
+          {"Vexillum/Map-Four/sub/two.ufo", "second"}},
+         "files copied to"},
+        {"command-remove",
+         "",
+         "run --remove Three --type Unit --yes",
+         Answer::yes,
+         {{"Vexillum/Unit-Three/", ""}}},
         {"clean",
          choose + launch,
          "click cmdClean\n",
@@ -317,7 +337,9 @@ std::string Calm::silent(const platform::MemoryDisk& memory, const Session& dist
         for (auto end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1))
             isIt = isIt || isNamed(at(path.substr(0, end)) + "\"") ||
                    isNamed(at(path.substr(0, end)) + ":");
-        return isIt || (isModifiers(path) && isNamed("The Trellis could not make all"));
+        const bool isSetting = path == selections + "selTrlx.txt";
+        return isIt || (isModifiers(path) && isNamed("The Trellis could not make all")) ||
+               ((isModifiers(path) || isSetting) && isNamed("NOT being activated"));
     };
     std::set<std::string> differ;
     const auto compare = [&](const Files& one, const Files& other) {

@@ -7,8 +7,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "cycle/after_reset.h"
 #include "cycle/apply.h"
 #include "cycle/preview.h"
+#include "cycle/reset.h"
 #include "platform/text.h"
 #include "support/core.h"
 #include "support/faulty_disk.h"
@@ -242,6 +244,43 @@ TEST(Preview, shows_what_the_launch_does_in_random_game_directories) {
     }
     EXPECT_GT(conflicts, 100);
     EXPECT_GT(blocked, 10);
+}
+
+/// What would be planned, every question answered with Yes.
+std::string planOver(const releases::GameDirectory& game, const cycle::Listings& listings,
+                     const cycle::Selection& selection) {
+    test::ScriptedAnswers yes;
+    return formats::humanText(cycle::makePlan(game, listings, yes, selection).journal());
+}
+
+TEST(AfterReset, tells_what_the_reset_leaves_in_random_game_directories) {
+    constexpr unsigned games = test::onWindows ? 60 : 300;
+    int told = 0;
+    for (unsigned seed = 1; seed <= games; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        RandomGame random(seed, seed % 2 == 0);
+        const auto disk = platform::makeDisk();
+        test::RecordedLog log;
+        test::ScriptedAnswers yes;
+        releases::GameDirectory game(*disk, log, yes);
+        game.open(random.game().folder());
+        cycle::Unfinished unfinished;
+        ASSERT_TRUE(cycle::carryOut(
+            game, cycle::makePlan(game, random.selection(), unfinished).journal(), unfinished));
+        // Somebody may have been there since.
+        if (seed % 5 == 0)
+            random.game().put("a.ufo", "patched");
+        const auto last = cycle::readLastLaunch(game);
+        const auto next = random.selection();
+        const auto listings = cycle::listingsAfterReset(game, last);
+        const auto expected = listings ? planOver(game, *listings, next) : std::string();
+        unfinished = cycle::undo(game, last, false);
+        if (!listings)
+            continue;
+        ++told;
+        ASSERT_EQ(planOver(game, cycle::listingsOf(game, unfinished), next), expected);
+    }
+    EXPECT_GT(told, static_cast<int>(games) / 2);
 }
 
 TEST(Cycle, comes_back_plain_wherever_the_power_goes) {

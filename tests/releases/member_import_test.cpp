@@ -129,6 +129,11 @@ TEST_F(MemberImportTest, names_of_one_archive_that_differ_in_case_are_one_file) 
     EXPECT_FALSE(game.has("Vexillum/Map-New/Units/B.txt"));
     EXPECT_THAT(told, testing::ElementsAre(testing::StartsWith('"' + test::shown("Units/B.txt") +
                                                                "\" is in the release's")));
+    release = "Map-Newer";
+    game.makeFolder("Vexillum/Map-Newer");
+    EXPECT_EQ(import({outside("pack.zip", pack)}, {"Yes"}), 2);
+    EXPECT_EQ(member("Units/b.txt"), "new");
+    EXPECT_EQ(disk->fileNames(game.folder() + "\\Vexillum\\Map-Newer\\Units").size(), 2U);
 }
 
 TEST_F(MemberImportTest, a_damaged_archive_gives_what_is_healthy_in_it) {

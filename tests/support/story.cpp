@@ -5,6 +5,8 @@
 //   #: pack ARCHIVE ENTRY [*N] = TEXT    adds an entry, TEXT N times, to an archive
 //   #: spoil PATH            the last byte of a file is another
 //   #: start [COMMAND LINE]  a session with the script lines up to the next "#:" line
+//   #: run COMMAND LINE      the program without a window: out, error, start and exit are its
+//   events
 //   #: cut N PATH            with the session before it: the power goes before the N-th change of
 //   PATH
 //   #: fail PATH             with the session before it: every change of PATH fails
@@ -36,6 +38,7 @@
 #include "platform/text.h"
 #include "support/faulty_disk.h"
 #include "support/play.h"
+#include "support/play_command.h"
 #include "support/story_lines.h"
 #include "support/system.h"
 
@@ -145,8 +148,8 @@ class Story {
             checkSame(rest);
         else if (word == "remove")
             game_.remove(rest);
-        else if (word == "start")
-            beginSession(rest);
+        else if (word == "start" || word == "run")
+            beginSession(word == "run", replaceAll(rest, "GAME", game_.folder()));
         else if (word == "has")
             checkHas(rest, hasText ? std::optional(text) : std::nullopt);
         else if (word == "no")
@@ -192,9 +195,10 @@ class Story {
         }
     }
 
-    void beginSession(const std::string& commandLine) {
+    void beginSession(bool isCommand, const std::string& commandLine) {
         if (sessions_++ == 0)
             before_ = game_.files();
+        isCommand_ = isCommand;
         commandLine_ = commandLine;
         started_ = true;
         script_.clear();
@@ -221,9 +225,9 @@ class Story {
         });
         Session session;
         try {
-            session = test::play(
-                game_, script_,
-                {commandLine_, &faulty, makeToolkit_, running_, playing_, startFailure_});
+            const Play how{commandLine_, &faulty, makeToolkit_, running_, playing_, startFailure_};
+            session = isCommand_ ? playCommand(game_, commandLine_, how)
+                                 : test::play(game_, script_, how);
         } catch (const PowerCut&) {
             return;
         }
@@ -292,6 +296,7 @@ class Story {
     Tree before_;
     int sessions_ = 0;
     bool started_ = false;
+    bool isCommand_ = false;
     std::string commandLine_;
     std::string script_;
     std::vector<Expectation> expectations_;

@@ -49,8 +49,10 @@ std::string lineOf(const Event& event, const std::string& folder) {
                 (event["modal"].get<bool>() ? " (modal)" : "");
     else if (kind == "hide" || kind == "minimize" || kind == "restore")
         line += told(event["window"]);
-    else if (kind == "log" || kind == "refused")
+    else if (kind == "log" || kind == "refused" || kind == "out" || kind == "error")
         line += told(event["line"]);
+    else if (kind == "exit")
+        line += told(event["code"]);
     else if (kind == "clipboard")
         line += told(event["text"]);
     else if (kind == "message")
@@ -68,7 +70,7 @@ std::string lineOf(const Event& event, const std::string& folder) {
 bool mayGoUntold(const Event& event) {
     const auto kind = event["event"].get<std::string>();
     return kind == "show" || kind == "hide" || kind == "minimize" || kind == "restore" ||
-           kind == "log";
+           kind == "log" || kind == "out";
 }
 
 std::string stateText(const Event& state, const std::string& field) {

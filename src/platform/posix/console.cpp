@@ -1,8 +1,12 @@
-// Every program has its standard streams.
+// Every program has its standard streams. Whoever reads them may be gone before the work is done.
 #include "platform/console.h"
+
+#include <csignal>
 
 namespace platform {
 
-void useConsoleOfCaller() {}
+void useConsoleOfCaller() {
+    std::signal(SIGPIPE, SIG_IGN);
+}
 
 } // namespace platform

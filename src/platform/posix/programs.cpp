@@ -135,7 +135,12 @@ class PosixPrograms final : public Programs {
             ::posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
         posix_spawnattr_t attributes{};
         ::posix_spawnattr_init(&attributes);
-        ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
+        // What this program passes over ends another as ever.
+        sigset_t usual;
+        sigemptyset(&usual);
+        sigaddset(&usual, SIGPIPE);
+        ::posix_spawnattr_setsigdefault(&attributes, &usual);
+        ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF);
         pid_t child = 0;
         const int error = ::posix_spawnp(&child, arguments[0], &actions, &attributes,
                                          arguments.data(), environment.data());

@@ -30,7 +30,7 @@ struct Machine {
 /// does not.
 bool isCommand(const std::vector<std::string>& arguments);
 
-/// Carries the command out. One program at a time: the caller holds the directory's lock.
+/// Carries the command out, under the lock of the game directory.
 ExitCode run(const Machine& machine, const std::vector<std::string>& arguments);
 
 } // namespace commandline

@@ -33,6 +33,11 @@ struct Settled {
 Plan makePlan(const releases::GameDirectory& game, const Selection& selection,
               const Unfinished& unfinished = {}, const Settled& settled = {});
 
+/// The same over listings of any kind. Only `questions` is asked.
+Plan makePlan(const releases::GameDirectory& game, const Listings& listings,
+              platform::Questions& questions, const Selection& selection,
+              const Settled& settled = {});
+
 /// Writes the journal and its state, makes the folders, moves the files; then runs `modifier`, if
 /// there is one. Where the reset before it lost a journal, the user is asked first, and the old
 /// file is kept beside the new one.
