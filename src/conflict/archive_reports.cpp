@@ -140,8 +140,8 @@ ArchiveReports reportOnArchives(platform::Disk& disk, std::span<const ChosenArch
     const auto stacks = set.stacks();
     for (std::size_t i = 0; i < stacks.size(); ++i) {
         log.breathe();
-        log.progress(i, stacks.size());
         reporter.look(stacks[i]);
+        log.progress(i + 1, stacks.size());
     }
     log.stage("Reading build menus");
     ArchiveReports reports;

@@ -50,8 +50,8 @@ ArchiveSet::ArchiveSet(platform::Disk& disk, std::span<const ChosenArchive> chos
     });
     for (std::size_t i = 0; i < archives_.size(); ++i) {
         log_.breathe();
-        log_.progress(i, archives_.size());
         open(archives_[i]);
+        log_.progress(i + 1, archives_.size());
     }
 }
 
@@ -172,41 +172,40 @@ std::optional<std::string_view> ArchiveSet::next(Reading& reading) {
 }
 
 std::vector<Sameness> ArchiveSet::compare(std::span<const Place> places) {
-    std::vector<Sameness> result(places.size(), Sameness::different);
-    result.front() = Sameness::same;
+    std::vector<Sameness> result(places.size(), Sameness::same);
     std::vector<Reading> rivals;
     for (std::size_t i = 1; i < places.size(); ++i) {
-        if (sizeOf(places[i]) == sizeOf(places.front())) {
-            if (auto reading = begin(i, places[i]))
-                rivals.push_back(std::move(*reading));
-            else
-                result[i] = Sameness::unreadable;
-        }
-        if (rivals.size() == mostSideBySide || (i + 1 == places.size() && !rivals.empty()))
+        if (auto reading = begin(i, places[i]))
+            rivals.push_back(std::move(*reading));
+        else
+            result[i] = Sameness::unreadable;
+        if (rivals.size() == mostSideBySide || i + 1 == places.size())
             compareSome(places.front(), rivals, result);
     }
     return result;
 }
 
-/// Empties the rivals. All are as long as the file that they are held against.
+/// Empties the rivals. All are read to their ends, so that none is told of that cannot be read.
 void ArchiveSet::compareSome(const Place& taken, std::vector<Reading>& rivals,
                              std::vector<Sameness>& result) {
+    // However many rivals there are, it is read as if there were one.
     const auto spent = archives_[taken.archive].spent;
     auto reading = begin(0, taken);
-    while (reading && !rivals.empty()) {
+    for (bool isAtEnd = false; reading && !(isAtEnd && rivals.empty());) {
         const auto piece = next(*reading);
-        if (!piece)
+        if (!piece) {
             reading.reset();
-        else
-            std::erase_if(rivals, [&](Reading& rival) {
-                const auto other = next(rival);
-                const bool isSame = other == piece;
-                if (!other || !isSame || piece->empty())
-                    result[rival.number] = !other   ? Sameness::unreadable
-                                           : isSame ? Sameness::same
-                                                    : Sameness::different;
-                return !other || !isSame || piece->empty();
-            });
+            break;
+        }
+        isAtEnd = piece->empty();
+        std::erase_if(rivals, [&](Reading& rival) {
+            const auto other = next(rival);
+            if (!other)
+                result[rival.number] = Sameness::unreadable;
+            else if (*other != *piece)
+                result[rival.number] = Sameness::different;
+            return !other || other->empty();
+        });
     }
     if (!reading)
         result.front() = Sameness::unreadable;
@@ -230,7 +229,6 @@ std::optional<std::string> ArchiveSet::readText(const Place& place) {
 
 void ArchiveSet::readEverything() {
     for (std::size_t a = 0; a < archives_.size(); ++a) {
-        log_.progress(a, archives_.size());
         const auto* archive = archives_[a].archive.get();
         for (std::size_t e = 0; archive != nullptr && e < archive->entries().size(); ++e) {
             if (archive->entries()[e].isFolder)
@@ -239,6 +237,7 @@ void ArchiveSet::readEverything() {
             while (reading && !next(*reading).value_or("").empty())
                 ;
         }
+        log_.progress(a + 1, archives_.size());
     }
 }
 

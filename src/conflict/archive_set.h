@@ -48,8 +48,8 @@ class ArchiveSet {
     std::uint64_t sizeOf(const Place& place) const;
     bool isReadable(const Place& place) const;
 
-    /// Holds all files of a stack against the first one. Where that one cannot be read, neither is
-    /// anything known of the others.
+    /// Holds all files of a stack against the first one, each read to its end. Where the first one
+    /// cannot be read, nothing is known of the others.
     std::vector<Sameness> compare(std::span<const Place> places);
 
     /// A text, or the beginning of one too long for any; nothing for a file that cannot be read.

@@ -75,11 +75,6 @@ void Decisions::decide(Decision decision) {
     places.insert_or_assign(std::move(place), std::move(decision));
 }
 
-void Decisions::add(const Decisions& others) {
-    for (auto& decision : others.all())
-        decide(std::move(decision));
-}
-
 void Decisions::decideThroughout(Decision decision) {
     const auto place = platform::foldCase(decision.place);
     if (place.empty() || place.ends_with('\\'))
@@ -88,6 +83,11 @@ void Decisions::decideThroughout(Decision decision) {
             std::erase_if(of->second,
                           [&](const auto& known) { return known.first.starts_with(place); });
     decide(std::move(decision));
+}
+
+void Decisions::add(const Decisions& others) {
+    for (auto& decision : others.all())
+        decide(std::move(decision));
 }
 
 bool Decisions::forget(const Decision& decision) {

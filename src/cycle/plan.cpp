@@ -15,11 +15,6 @@ namespace {
 /// They live as long as the listing.
 using Names = std::vector<std::string_view>;
 
-/// Text files at the root of a release, or of the game, are documentation.
-bool isDocumentation(std::string_view file, bool atRoot) {
-    return atRoot && platform::endsWithIgnoringCase(file, ".txt");
-}
-
 /// The path of what lies in a folder, with a backslash behind it, but for the game directory
 /// itself.
 std::string below(const std::string& folder) {
@@ -54,6 +49,10 @@ Names unmistakableFiles(const platform::FolderNames& names) {
 }
 
 } // namespace
+
+bool isDocumentation(std::string_view file, bool atRoot) {
+    return atRoot && platform::endsWithIgnoringCase(file, ".txt");
+}
 
 Plan Plan::make(const Selection& selection, const Listings& listings, const Answers& answers) {
     Plan plan;

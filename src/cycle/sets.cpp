@@ -3,11 +3,11 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
 
 #include "platform/failure.h"
 #include "platform/relative_path.h"
 #include "platform/text.h"
+#include "spellings.h"
 
 namespace cycle {
 namespace {
@@ -30,41 +30,25 @@ bool hasOddCharacter(std::string_view name) {
     });
 }
 
-/// The names of a type's releases, to be found whatever their case.
-std::multimap<std::string, std::string> spellings(const std::vector<std::string>& names) {
-    std::multimap<std::string, std::string> byFold;
-    for (const auto& name : names)
-        byFold.emplace(platform::foldCase(name), name);
-    return byFold;
-}
-
-std::string spelledAsListed(const std::multimap<std::string, std::string>& listed,
-                            const std::string& name) {
-    const auto [first, last] = listed.equal_range(platform::foldCase(name));
-    const auto same = std::find_if(first, last, [&](const auto& of) { return of.second == name; });
-    return same != last || first == last ? name : first->second;
-}
-
 } // namespace
 
 std::vector<Owner> takeOutMissing(Selection& selection, const releases::Store& store) {
     std::vector<Owner> missing;
+    Spellings spellings(store);
     for (const auto* info : releases::typesByTab()) {
-        const auto listed = spellings(store.releasesOf(info->type));
         const auto chosen = selection.namesOf(info->type);
         for (const auto& entry : std::vector<std::string>(chosen.begin(), chosen.end())) {
-            const auto name = info->isSingle() ? releases::displayForm(entry) : entry;
-            const auto spelled = spelledAsListed(listed, name);
-            if (name == info->defaultName && info->isSingle())
+            const Owner release{info->type,
+                                info->isSingle() ? releases::displayForm(entry) : entry};
+            if (info->isSingle() && release.name == info->defaultName)
                 continue;
-            if (!store.isThere(info->type, spelled)) {
-                missing.push_back({info->type, name});
-                selection.forget(info->type, name);
-            } else if (spelled != name && selection.has(info->type, spelled)) {
-                selection.forget(info->type, name);
-            } else if (spelled != name) {
-                selection.rename(info->type, name, spelled);
-            }
+            const auto name = spellings.here(release);
+            if (!name)
+                missing.push_back(release);
+            if (name && *name != release.name && !selection.has(info->type, *name))
+                selection.rename(info->type, release.name, *name);
+            else if (name != release.name)
+                selection.forget(info->type, release.name);
         }
     }
     return missing;
@@ -131,6 +115,7 @@ std::string Sets::save(std::string_view name, const Set& set) const {
         if (game_.disk().kindOf(folder()) == platform::EntryKind::none)
             game_.disk().makeFolder(folder());
         game_.disk().replaceFile(fileOf(name), text);
+        game_.disk().flush();
     } catch (const platform::Failure& failure) {
         return failure.what();
     }

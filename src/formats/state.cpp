@@ -4,8 +4,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include <libdeflate.h>
-
+#include "formats/checksum.h"
 #include "platform/text.h"
 
 namespace formats {
@@ -31,17 +30,10 @@ bool readNumber(std::string_view line, std::string_view word, Number& number, in
     return result.ec == std::errc() && result.ptr == end;
 }
 
-std::string inHexadecimal(std::uint32_t number) {
-    std::string digits(8, '0');
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, number /= hexadecimal)
-        *digit = "0123456789abcdef"[number % hexadecimal];
-    return digits;
-}
-
 } // namespace
 
 State stateOf(std::string_view journal, State::Stage stage) {
-    return {journal.size(), libdeflate_crc32(0, journal.data(), journal.size()), stage, false, {}};
+    return {journal.size(), checksumOf(journal), stage, false, {}};
 }
 
 bool fits(const State& state, std::string_view journal) {
@@ -52,7 +44,7 @@ bool fits(const State& state, std::string_view journal) {
 std::string stateText(const State& state) {
     std::vector<std::string> lines = {
         std::string(sizeWord) + std::to_string(state.journalSize),
-        std::string(checksumWord) + inHexadecimal(state.journalChecksum),
+        std::string(checksumWord) + checksumText(state.journalChecksum),
         std::string(state.stage == State::Stage::applied ? appliedLine : undoneLine)};
     if (state.isCarriedOut)
         lines.emplace_back(carriedOutLine);

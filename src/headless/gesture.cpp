@@ -23,6 +23,15 @@ Wanted* find(const Windows& windows, const std::string& name) {
     return nullptr;
 }
 
+/// The list with marks of the topmost window that has one, or null.
+windows::MarkList* findMarkList(const Windows& windows) {
+    for (auto window = windows.rbegin(); window != windows.rend(); ++window)
+        for (auto* control : (*window)->controls())
+            if (auto* list = dynamic_cast<windows::MarkList*>(control))
+                return list;
+    return nullptr;
+}
+
 /// The row that is shown as that text.
 template <typename Rows, typename TextOf>
 const std::string* rowOf(const Rows& rows, const std::string& text, TextOf textOf) {
@@ -57,7 +66,7 @@ Gesture tab(const Windows& windows, const std::string& caption, const std::strin
 }
 
 Gesture item(Kind kind, const Windows& windows, const std::string& text, const std::string& line) {
-    auto* list = find<windows::MarkList>(windows, "lstList");
+    auto* list = findMarkList(windows);
     const auto textOf = [](const windows::MarkList::Item& item) -> const std::string& {
         return item.text;
     };

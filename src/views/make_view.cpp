@@ -3,6 +3,7 @@
 
 #include "main_view.h"
 #include "preview_views.h"
+#include "sets_view.h"
 #include "text_views.h"
 #include "wizard_views.h"
 #include "working_view.h"
@@ -24,6 +25,8 @@ std::unique_ptr<WindowView> makeView(windows::Window& window, QtToolkit& toolkit
         return makeAddView(*add, toolkit);
     if (auto* tam = dynamic_cast<windows::frmTAM*>(&window))
         return makeTamView(*tam, toolkit);
+    if (auto* sets = dynamic_cast<windows::frmSets*>(&window))
+        return makeSetsView(*sets, toolkit);
     if (auto* working = dynamic_cast<windows::frmWorking*>(&window))
         return makeWorkingView(*working, toolkit);
     throw std::logic_error("no layout for the window " + window.name());

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QScopedValueRollback>
 
+#include "tree_access.h"
 #include "views/binding.h"
 
 namespace views {
@@ -116,14 +117,24 @@ bool TreeModel::follow() {
         rowInParent_[place] = static_cast<int>(siblings.size());
         siblings.push_back(static_cast<int>(place));
     }
+    order_.clear();
+    for (const int place : children_.back())
+        noteOrder(place);
     revision_ = tree_.revision();
     endResetModel();
     return true;
 }
 
+void TreeModel::noteOrder(int place) {
+    order_.push_back(place);
+    for (const int child : children_[static_cast<std::size_t>(place)])
+        noteOrder(child);
+}
+
 TreeView::TreeView(const windows::TreeList& tree, Picked picked, QWidget* parent)
     : QTreeView(parent), tree_(tree), picked_(std::move(picked)), model_(new TreeModel(tree, this)),
       filtered_(new QSortFilterProxyModel(this)) {
+    makeTreesAccessible();
     filtered_->setSourceModel(model_);
     filtered_->setRecursiveFilteringEnabled(true);
     filtered_->setFilterKeyColumn(-1);
@@ -150,6 +161,11 @@ const windows::TreeList::Row* TreeView::rowAt(const QModelIndex& index) const {
 void TreeView::noteOpened(const QModelIndex& index, bool isOpen) {
     if (const auto* row = rowAt(index); row != nullptr && !following_)
         byHand_.insert_or_assign(row->key, isOpen);
+}
+
+QModelIndex TreeView::rowOf(int number) const {
+    return number < rowCount() ? filtered_->mapFromSource(model_->indexOf(model_->placeAt(number)))
+                               : QModelIndex();
 }
 
 void TreeView::follow() {

@@ -35,13 +35,19 @@ class TreeModel final : public QAbstractItemModel {
     bool follow();
     unsigned revision() const { return revision_; }
 
+    int count() const { return static_cast<int>(order_.size()); }
+    /// The place of the row that stands so far down when all are open.
+    int placeAt(int number) const { return order_[static_cast<std::size_t>(number)]; }
+
   private:
+    void noteOrder(int place);
     const std::vector<int>& childrenOf(const QModelIndex& parent) const;
 
     const windows::TreeList& tree_;
     std::vector<std::vector<int>> children_; ///< of each row, and behind the last one of none
     std::vector<int> rowInParent_;
     std::vector<int> parents_;
+    std::vector<int> order_;
     unsigned revision_ = 0;
 };
 
@@ -56,6 +62,11 @@ class TreeView final : public QTreeView {
     void follow();
     /// Only rows that hold this text in any column, with the folders that lead to them.
     void setFilter(const QString& text);
+
+    /// The rows in the order in which they stand below each other, from 0. One that the filter
+    /// hides has no index.
+    int rowCount() const { return model_->count(); }
+    QModelIndex rowOf(int number) const;
 
   protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

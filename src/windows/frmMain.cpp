@@ -19,7 +19,7 @@ frmMain::frmMain(Machine machine)
     : Window("frmMain", "Vexillum"), tspMain(*this, "tspMain", tabCaptions()),
       machine_(std::move(machine)), showReadme_(machine_.toolkit),
       log_(machine_.toolkit, showReadme_, barWork), ask_(machine_.toolkit, log_),
-      game_(machine_.disk, log_, ask_), store_(game_) {
+      game_(machine_.disk, log_, ask_), store_(game_), sets_(game_) {
     makeSummaries();
     wire();
     cmdReadme.setEnabled(false);
@@ -80,6 +80,11 @@ void frmMain::wire() {
     mnuHAboutVXL.onClick = [this] { mnuHAboutVXL_Click(); };
     mnuUconverter.onClick = [this] { mnuUconverter_Click(); };
     mnuUfilelister.onClick = [this] { mnuUfilelister_Click(); };
+    mnuSSave.onClick = [this] { mnuSSave_Click(); };
+    mnuSSwitch.onClick = [this] { mnuSSwitch_Click(); };
+    mnuSImport.onClick = [this] { mnuSImport_Click(); };
+    mnuSList.onClick = [this] { mnuSList_Click(); };
+    mnuSCompare.onClick = [this] { mnuSCompare_Click(); };
     const auto turnsOver = [this](MenuItem& item, bool cycle::Selection::MenuModifier::*setting) {
         item.makeCheckable();
         item.onClick = [this, setting] {

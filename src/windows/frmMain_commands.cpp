@@ -46,6 +46,7 @@ void frmMain::lblRename_Click() {
     saveAnswers();
     if (cleared_)
         cleared_->selection.rename(currentType().type, oldName, newName);
+    renameInSets(currentType().type, oldName, newName);
     tell("\"" + releases::folderForm(oldName) + "\" has been successfully renamed to \"" +
          releases::folderForm(newName) +
          "\".\r\n\r\nThe new name will be visible next time you start Vexillum.");

@@ -38,27 +38,32 @@ void frmMain::playAndComeBack() {
     removeUnusedTexts();
     setResting(true);
     log_.close();
+    showGame(gameRuns);
+    setText(std::string(applicationTitle) + ": the game is running");
+    // A window that goes later might take the focus from the game.
+    toolkit().minimize(*this);
     const std::string name(releases::gameProgram);
-    std::unique_ptr<platform::RunningProgram> game;
+    std::optional<platform::Failure> failure;
     try {
-        game = machine_.programs.startWatched(
-            {platform::Command::Kind::program, game_.at(name), "", platform::StartWindow::normal});
-    } catch (const platform::Failure& failure) {
-        warnNotStarted(name, failure);
+        waitForEnd(*machine_.programs.startWatched(
+            {platform::Command::Kind::program, game_.at(name), "", platform::StartWindow::normal}));
+    } catch (const platform::Failure& why) {
+        failure = why;
     }
-    if (game != nullptr)
-        waitForEnd(*game);
+    setText(applicationTitle);
+    lookForGame();
+    toolkit().restore(*this);
+    if (failure)
+        warnNotStarted(name, *failure);
     platform::attempt([this] { resetGameDirectory(); });
     lookForGame();
+    platform::attempt([this] { readReleases(); });
     show();
     setResting(false);
 }
 
 /// The user may have started the game once more, by other means.
 void frmMain::waitForEnd(platform::RunningProgram& running) {
-    showGame(gameRuns);
-    setText(std::string(applicationTitle) + ": the game is running");
-    toolkit().minimize(*this);
     leaving_.noted = false;
     closeWish = &leaving_;
     const auto program = game_.at(releases::gameProgram);
@@ -71,8 +76,15 @@ void frmMain::waitForEnd(platform::RunningProgram& running) {
             endProgram();
     }
     closeWish = nullptr;
-    setText(applicationTitle);
-    toolkit().restore(*this);
+}
+
+/// Where releases have other names by now the list is a new one, and else it stays as it was.
+void frmMain::readReleases() {
+    store_.read();
+    newNames_.clear();
+    countReleases();
+    if (store_.releasesOf(currentType().type) != listed_)
+        tspMain_Click();
 }
 
 void frmMain::lookForGame() {

@@ -63,6 +63,12 @@ void frmMain::doList() {
     panes_.offersRemoval = false;
 }
 
+void frmMain::countReleases() {
+    counts_.clear();
+    for (const auto* type : releases::typesByTab())
+        counts_.push_back(store_.countOf(type->type));
+}
+
 void frmMain::dropMissingNames() {
     const auto& type = currentType();
     const std::unordered_set<std::string_view> there(listed_.begin(), listed_.end());
@@ -118,7 +124,7 @@ void frmMain::lstList_MarkAll(const std::vector<std::string>& names, bool marked
         leaveOutMisfits(others);
     cleared_.reset();
     if (!marked && !others.empty())
-        cleared_ = {selection_, static_cast<int>(others.size())};
+        cleared_ = {selection_, static_cast<int>(others.size()), false};
     for (const auto& name : others)
         if (marked)
             selection_.add(type, name);
@@ -186,12 +192,13 @@ void frmMain::noteCleared() {
                  selection_.theOne(type->type) != type->defaultName)
             ++ticks;
     if (ticks > 0)
-        cleared_ = {selection_, ticks};
+        cleared_ = {selection_, ticks, false};
 }
 
 /// What is gone cannot be put back.
 void frmMain::forgetCleared(releases::ReleaseType type, const std::string& name) {
-    if (!cleared_ || !cleared_->selection.forget(type, name) || type == releases::ReleaseType::tc)
+    if (!cleared_ || !cleared_->selection.forget(type, name) ||
+        (type == releases::ReleaseType::tc && !cleared_->countsTC))
         return;
     if (--cleared_->ticks == 0)
         cleared_.reset();
@@ -202,10 +209,14 @@ void frmMain::forgetCleared(releases::ReleaseType type, const std::string& name)
 void frmMain::lblUndoLink_Click() {
     if (!cleared_)
         return;
-    const auto modifier = selection_.modifier;
-    selection_ = std::move(cleared_->selection);
-    selection_.modifier = modifier;
+    auto selection = std::move(cleared_->selection);
+    selection.modifier = selection_.modifier;
     cleared_.reset();
+    takeSelection(std::move(selection));
+}
+
+void frmMain::takeSelection(cycle::Selection selection) {
+    selection_ = std::move(selection);
     opened_.assign(opened_.size(), true);
     constexpr auto tc = releases::ReleaseType::tc;
     launched_ = selection_.theOne(tc);

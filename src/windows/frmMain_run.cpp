@@ -30,8 +30,7 @@ void frmMain::Form_Load() {
     platform::attempt([this] { Init(); });
     platform::attempt([this] { tspMain_Click(); });
     platform::attempt([this] {
-        for (const auto* type : releases::typesByTab())
-            counts_.push_back(store_.countOf(type->type));
+        countReleases();
         show();
     });
     setResting(false);

@@ -2,8 +2,8 @@
 """Uses the real program as a screen reader does: by the accessibility tree alone.
 
 accessibility.py GAMEDIR: starts GAMEDIR/Vexillum.exe, checks that every control of the main window
-is there by its name, adds the map "Two Lakes" from GAMEDIR/lakes.zip, ticks and launches it, and at
-the next start removes it. That the game was started and the directory is plain again is looked up on
+is there by its name, adds the map "Two Lakes" from GAMEDIR/lakes.zip, ticks it, decides in the preview who
+gets its place, launches it, and at the next start removes it. That the game was started and the directory is plain again is looked up on
 the disk.
 """
 import os
@@ -19,7 +19,8 @@ PATIENCE = 20  # seconds
 EXPECTED = [
     ("menu bar", "Menus"),
     *[("menu item", name) for name in (
-        "Main", "Launch TA", "Revert", "Exit VXL", "Utilities", "File Lister", "Add TAM Release",
+        "Main", "Launch TA", "Preview...", "Revert", "Come Back When The Game Ends", "Exit VXL",
+        "Sets", "Save As Set...", "Utilities", "File Lister", "Add TAM Release",
         "Menu Modifier", "Use Trellis", "(Requires 1024x768 Res. Minimum)",
         "Small Version (800x600 Res. Min.)", "Compress Menus", "Conflict Finder",
         "Weapon ID Conflicts...", "Unit ID Conflicts...", "Build Menu Conflicts...", "Help",
@@ -173,13 +174,30 @@ def add_map(program, archive):
     program.answer("It is suggested that you close and then restart", "Yes")
 
 
+def decide(program):
+    """The map's file wants the place of the game's; in the preview the game keeps it, for once.
+    Rows of trees are told as cells."""
+    program.press("menu item", "Preview...")
+    program.wait_for("dialog", "Preview")
+    program.press("table cell", 'two.ota, Map "Two Lakes", the game, to decide', "SetFocus")
+    program.press("table cell", "the game, makes room, and waits at "
+                  "Vexillum/TC-Cavedog TA/maps/two.ota: you will be asked; "
+                  'Yes is for Map "Two Lakes"', "SetFocus")
+    program.press("push button", "Use For This File")
+    program.wait_for("table cell", 'two.ota, the game, Map "Two Lakes", chosen')
+    program.press("push button", "Ask At The Launch")
+    program.press("push button", "Close")
+
+
 def tick_and_launch(program):
     open_maps(program)
     program.press("check box", "Two Lakes", "Toggle")
     wait_for("check mark on the map", lambda: program.find("check box", "Two Lakes").getState()
              .contains(pyatspi.STATE_CHECKED))
     wait_for("map in the summary", lambda: program.text_of("Maps:") == "1 3rd Party Maps Selected")
+    decide(program)
     program.press("push button", "Apply Settings and Launch Cavedog TA")
+    program.answer('include a file destined for "maps/two.ota".', "Yes")
     program.wait_for_the_end()
 
 
@@ -192,6 +210,11 @@ def remove_map(program):
     program.answer("It is suggested that you close and then restart", "Yes")
 
 
+def content(path):
+    with open(path, encoding="utf-8") as file:
+        return file.read()
+
+
 def main(folder):
     release = folder + "/Vexillum/Map-Two Lakes/maps/two.ota"
     applied = folder + "/maps/two.ota"
@@ -200,11 +223,11 @@ def main(folder):
     add_map(first, folder + "/lakes.zip")
     first.wait_for_the_end()
     tick_and_launch(Program(folder, started_by=first))
-    wait_for("map in its place", lambda: os.path.exists(applied))
+    wait_for("map in its place", lambda: content(applied) == "lake\n")
     wait_for("game", lambda: os.path.exists(folder + "/started"))
 
     second = Program(folder)
-    if os.path.exists(applied) or not os.path.exists(release):
+    if content(applied) != "game\n" or not os.path.exists(release):
         sys.exit("The directory was not made plain.")
     remove_map(second)
     second.wait_for_the_end()

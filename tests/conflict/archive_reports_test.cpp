@@ -1,5 +1,7 @@
 // The reports over archives that lie beside each other: conflicts, and archives that are damaged or
 // lie.
+#include <random>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -287,6 +289,26 @@ TEST_F(ArchiveReportsTest, files_that_lie_over_one_another_come_to_an_end) {
     ASSERT_EQ(reports.damagedArchives.size(), 1U);
     EXPECT_THAT(reports.damagedArchives[0].files.size(), testing::Gt(80U));
     EXPECT_EQ(reports.damagedArchives[0].files.back().reason, "it lies over other files");
+}
+
+TEST_F(ArchiveReportsTest, any_byte_may_be_wrong) {
+    std::mt19937 random(7);
+    const auto whole = packArchive({{"units\\a.fbi", unit("A")},
+                                    {"guis\\LAB1.GUI", button("A") + button("B")},
+                                    {"download\\a.tdf", entry("LAB", 2, 1, "C")},
+                                    {"large", std::string(70'000, 'x')}},
+                                   {Packing::lz77, true, 0});
+    for (int i = 0; i < 1000; ++i) {
+        auto bytes = whole;
+        for (int changes = 0; changes < 3; ++changes)
+            bytes[random() % bytes.size()] = static_cast<char>(random());
+        const auto text = textOf({{"a.ufo", "A", whole},
+                                  {"b.ufo", "B", bytes},
+                                  {"c.ufo", "C", packArchive({{"units\\c.fbi", unit("a")}})}},
+                                 {false, i % 2 == 0});
+        EXPECT_THAT(text, testing::HasSubstr("\n    units\\c.fbi in c.ufo (C)\n"));
+        EXPECT_THAT(text, testing::HasSubstr("\n    Menu 2, button 1 is wanted by 2\n"));
+    }
 }
 
 TEST_F(ArchiveReportsTest, the_archives_of_a_launch_are_read_where_they_lie_and_nothing_changes) {

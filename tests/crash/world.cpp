@@ -145,6 +145,7 @@ const std::vector<Operation>& operations() {
         {"apply", "", choose + launch},
         {"apply-no", "", choose + launch, Answer::no},
         {"apply-modifier", "", choose + trellis + launch},
+        {"come-back", "", "click mnuFComeBack\n" + choose + trellis + launch + launch},
         {"start-and-apply", choose + launch, other + "close\n"},
         {"add",
          other + launch,

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "cycle/sets.h"
+#include "platform/failure.h"
 #include "platform/text.h"
 #include "support/core.h"
+#include "support/faulty_disk.h"
 
 namespace cycle {
 namespace {
@@ -157,6 +159,23 @@ TEST_F(SetsTest, a_set_is_saved_renamed_and_removed_without_touching_another) {
     EXPECT_THAT(sets.load("bad", set), HasSubstr("no set"));
     EXPECT_THAT(sets.load("folder", set), HasSubstr("There is no set"));
     EXPECT_NE(sets.save("folder", set), "");
+}
+
+TEST_F(SetsTest, a_disk_that_fails_leaves_every_set_as_it_was) {
+    EXPECT_EQ(sets.save("One", someSet()), "");
+    test::FaultyDisk full(*disk, [](int /*number*/, const std::string& path) {
+        throw platform::Failure("write", path, "no room");
+    });
+    releases::GameDirectory onFull(full, log, user);
+    onFull.open(game.folder());
+    const Sets failing(onFull);
+    for (const auto& reason : {failing.save("One", {}), failing.save("Two", {}),
+                               failing.rename("One", "Two"), failing.remove("One")})
+        EXPECT_THAT(reason, HasSubstr("no room"));
+    EXPECT_THAT(failing.renameRelease(ReleaseType::map, "Two/Rivers", "Shore"),
+                ElementsAre(HasSubstr("One: ")));
+    EXPECT_THAT(sets.names(), ElementsAre("One"));
+    EXPECT_EQ(game.content("Vexillum/VXL-Sets/One.txt"), textOf(someSet()));
 }
 
 TEST_F(SetsTest, a_release_that_gets_another_name_keeps_its_place_in_all_sets) {

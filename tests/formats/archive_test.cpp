@@ -1,4 +1,5 @@
 // The archive reader: the worked example, every kind of packing, and archives that lie.
+#include <algorithm>
 #include <random>
 
 #include <gmock/gmock.h>
@@ -210,9 +211,20 @@ TEST(Archive, cut_anywhere_it_gives_whole_entries_or_none) {
     for (const auto packing : {Packing::stored, Packing::lz77, Packing::zlib}) {
         const auto whole =
             packArchive({{"a\\b", "content of b"}, {"c", "content of c"}}, {packing, true, 0x7D});
-        for (std::size_t size = 0; size < whole.size(); ++size)
-            for (const auto& [path, content] : unpack(whole.substr(0, size)))
+        for (std::size_t size = 0; size < whole.size(); ++size) {
+            const auto bytes = whole.substr(0, size);
+            const auto unpacked = unpack(bytes);
+            for (const auto& [path, content] : unpacked)
                 EXPECT_EQ(content, path == "c" ? "content of c" : "content of b");
+            const auto archive = Archive::open(asBytes(bytes));
+            if (!archive)
+                continue;
+            const auto files =
+                std::ranges::count(archive->entries(), false, &Archive::Entry::isFolder);
+            EXPECT_EQ(static_cast<std::size_t>(files), unpacked.size() + archive->cutFiles().size())
+                << size;
+            EXPECT_EQ(archive->isWhole(), files == 2) << size;
+        }
     }
 }
 

@@ -12,6 +12,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     if (archive->entries().size() > size / 9)
         std::abort();
+    const auto cut = archive->cutFiles();
+    for (std::size_t i = 0; i < cut.size() && i < 200; ++i)
+        if (platform::attempt([&] { archive->extract(cut[i], [](std::string_view) {}); }))
+            std::abort();
     std::size_t total = 0;
     for (std::size_t i = 0; i < archive->entries().size() && i < 200; ++i) {
         if (archive->pathOf(i).size() > formats::Archive::longestPath)

@@ -503,7 +503,7 @@ TEST_F(WindowTest, access_keys_are_each_of_one_command_and_text_keys_stay_with_t
         for (const auto* button : main->findChildren<QPushButton*>())
             if (const auto at = button->text().indexOf('&'); at >= 0)
                 letters += button->text()[at + 1].toUpper();
-        EXPECT_EQ(letters.size(), 13) << letters.toStdString();
+        EXPECT_EQ(letters.size(), 14) << letters.toStdString();
         for (const auto letter : letters)
             EXPECT_EQ(letters.count(letter), 1) << letters.toStdString();
         QKeyEvent all(QEvent::ShortcutOverride, Qt::Key_A, Qt::ControlModifier);

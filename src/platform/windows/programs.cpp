@@ -46,12 +46,14 @@ class WindowsPrograms final : public Programs {
         auto commandLine = L"\"" + path + L"\"";
         if (!command.arguments.empty())
             commandLine += L" " + windows::wide(command.arguments);
-        if (!program->start(path, std::move(commandLine), path.substr(0, path.rfind(L'\\') + 1),
-                            static_cast<WORD>(showCommand(command.window)))) {
-            if (GetLastError() != ERROR_ELEVATION_REQUIRED)
-                throw Failure("start", command.target, windows::lastError());
+        const auto error =
+            program->start(path, std::move(commandLine), path.substr(0, path.rfind(L'\\') + 1),
+                           static_cast<WORD>(showCommand(command.window)));
+        if (error == ERROR_ELEVATION_REQUIRED) {
             if (HANDLE process = startByShell(command, SEE_MASK_NOCLOSEPROCESS); process != nullptr)
                 program->watch(process);
+        } else if (error != ERROR_SUCCESS) {
+            throw Failure("start", command.target, windows::codeOf(error));
         }
         return program;
     }

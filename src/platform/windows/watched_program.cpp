@@ -12,8 +12,8 @@ Handle makeJob() {
 } // namespace
 
 /// It sleeps until it is in the job, so nothing that it starts can be missed.
-bool WatchedProgram::start(const std::wstring& program, std::wstring commandLine,
-                           const std::wstring& folder, WORD showCommand) {
+DWORD WatchedProgram::start(const std::wstring& program, std::wstring commandLine,
+                            const std::wstring& folder, WORD showCommand) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
@@ -21,7 +21,7 @@ bool WatchedProgram::start(const std::wstring& program, std::wstring commandLine
     PROCESS_INFORMATION made{};
     if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE,
                        CREATE_SUSPENDED, nullptr, folder.c_str(), &startup, &made) == 0)
-        return false;
+        return GetLastError();
     const Handle thread(made.hThread);
     process_ = Handle(made.hProcess);
     job_ = makeJob();
@@ -29,7 +29,7 @@ bool WatchedProgram::start(const std::wstring& program, std::wstring commandLine
     if (job_ && AssignProcessToJobObject(job_.get(), process_.get()) == 0)
         job_ = Handle();
     ResumeThread(thread.get());
-    return true;
+    return ERROR_SUCCESS;
 }
 
 bool WatchedProgram::isRunning() {

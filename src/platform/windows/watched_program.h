@@ -10,10 +10,10 @@ namespace platform::windows {
 
 class WatchedProgram final : public RunningProgram {
   public:
-    /// Starts it, with `commandLine` (the program ahead) in `folder`. False where Windows does not,
-    /// with its last error set.
-    bool start(const std::wstring& program, std::wstring commandLine, const std::wstring& folder,
-               WORD showCommand);
+    /// Starts it, with `commandLine` (the program ahead) in `folder`. Gives back why Windows does
+    /// not, or ERROR_SUCCESS.
+    DWORD start(const std::wstring& program, std::wstring commandLine, const std::wstring& folder,
+                WORD showCommand);
     /// Watches one that runs already, without those that it starts.
     void watch(HANDLE process) { process_ = Handle(process); }
     bool isRunning() override;

@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -23,6 +24,9 @@ namespace cycle {
 /// for that itself. Nothing where there is no such folder. Names are in the order of a listing.
 using Listings =
     std::function<std::optional<platform::FolderNames>(const std::string& relativePath)>;
+
+/// Text files at the root of a release, or of the game, are documentation.
+bool isDocumentation(std::string_view file, bool atRoot);
 
 /// Files count that lie at the root of the game or of a release, or in a folder directly below it.
 /// Left where they are: text files at a root, which are documentation, and names in one folder that

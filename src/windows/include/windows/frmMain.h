@@ -16,6 +16,7 @@
 #include "cycle/last_launch.h"
 #include "cycle/plan.h"
 #include "cycle/selection.h"
+#include "cycle/sets.h"
 #include "cycle/unfinished.h"
 #include "platform/failure.h"
 #include "releases/game_directory.h"
@@ -55,6 +56,13 @@ class frmMain : public Window {
     bool isWorkingShown() const { return working_ != nullptr; }
     releases::GameDirectory& game() { return game_; }
     const Machine& machine() const { return machine_; }
+    const releases::Store& store() const { return store_; }
+    const cycle::Sets& sets() const { return sets_; }
+    /// Asks until a set can have the name; nothing where the user cancels.
+    std::optional<std::string> askForSetName(const std::string& text, const std::string& title,
+                                             const std::string& preset);
+    /// Saves the list for a friend where the user wishes it.
+    void saveListOf(const cycle::Selection& selection, const std::string& name);
 
     static constexpr auto oneLine = TextBox::Kind::readOnlyLine;
     static constexpr auto manyLines = TextBox::Kind::readOnlyLines;
@@ -116,6 +124,12 @@ class frmMain : public Window {
                         "",    disabled};
     MenuItem mnuMMcompress{*this, mnuMenuModifier, "mnuMMcompress", "&Compress Menus",
                            "",    disabled};
+    Menu mnuSets{*this, "mnuSets", "&Sets"};
+    MenuItem mnuSSave{*this, mnuSets, "mnuSSave", "&Save As Set...", "Ctrl+S"};
+    MenuItem mnuSSwitch{*this, mnuSets, "mnuSSwitch", "&Choose A Set...", "Ctrl+T"};
+    MenuItem mnuSImport{*this, mnuSets, "mnuSImport", "&Import A Set...", ""};
+    MenuItem mnuSList{*this, mnuSets, "mnuSList", "&List For A Friend...", ""};
+    MenuItem mnuSCompare{*this, mnuSets, "mnuSCompare", "Compare &With A List...", ""};
     Menu mnuSettings{*this, "mnuSettings", "&Conflict Finder"};
     MenuItem mnuFCweapon{*this, mnuSettings, "mnuFCweapon", "&Weapon ID Conflicts...", "Ctrl+W"};
     MenuItem mnuFCunit{*this,    mnuSettings, "mnuFCunit", "&Unit ID Conflicts...",
@@ -145,6 +159,7 @@ class frmMain : public Window {
     struct Cleared {
         cycle::Selection selection;
         int ticks = 0;
+        bool countsTC = false; ///< the total conversion is one of them
     };
 
     void wire();
@@ -177,6 +192,7 @@ class frmMain : public Window {
     void mnuFComeBack_Click();
     void playAndComeBack();
     void waitForEnd(platform::RunningProgram& running);
+    void readReleases();
     void lookForGame();
     void showGame(const std::string& state);
 
@@ -195,9 +211,11 @@ class frmMain : public Window {
     void noteCleared();
     void forgetCleared(releases::ReleaseType type, const std::string& name);
     void lblUndoLink_Click();
+    void takeSelection(cycle::Selection selection);
     const releases::TypeInfo& currentType() const;
     std::string getLongSelType() const;
     bool isListed(std::string_view name) const;
+    void countReleases();
 
     // frmMain_info.cpp: the release at hand
     enum class Fits { yes, no };
@@ -233,6 +251,19 @@ class frmMain : public Window {
     void mnuUfilelister_Click();
     void whileWorking(const std::function<void()>& work);
 
+    // frmMain_sets.cpp
+    void mnuSSave_Click();
+    void mnuSSwitch_Click();
+    void mnuSImport_Click();
+    void mnuSList_Click();
+    void mnuSCompare_Click();
+    bool saveSet(const std::string& name, const cycle::Set& set);
+    void switchToSet(const std::string& name);
+    void noteLost(const cycle::Selection& next);
+    void noteNewNames(const cycle::Selection& selection);
+    void renameInSets(releases::ReleaseType type, const std::string& oldName,
+                      const std::string& newName);
+
     Toolkit& toolkit() { return machine_.toolkit; }
     void tell(const std::string& text) { ask_.tell(text); }
     void warn(const std::string& text) { ask_.warn(text); }
@@ -243,6 +274,9 @@ class frmMain : public Window {
     AskUser ask_;
     releases::GameDirectory game_;
     releases::Store store_;
+    cycle::Sets sets_;
+    /// The set that was saved or switched to last, if any.
+    std::string currentSet_;
     std::vector<std::unique_ptr<Summary>> summaries_;
     std::unique_ptr<frmWorking> working_;
 
