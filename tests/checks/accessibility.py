@@ -189,6 +189,17 @@ def decide(program):
     program.press("push button", "Close")
 
 
+def keep_as_set(program):
+    program.press("menu item", "Save As Set...")
+    program.wait_for("dialog", "Save As Set")
+    program.write("Please Enter A Name For This Set:", "Lakes only")
+    program.press("push button", "OK")
+    program.answer("has been saved", "OK")
+    program.press("menu item", "Choose A Set...")
+    program.wait_for("dialog", "Sets")
+    program.press("push button", "Close")
+
+
 def tick_and_launch(program):
     open_maps(program)
     program.press("check box", "Two Lakes", "Toggle")
@@ -196,9 +207,31 @@ def tick_and_launch(program):
              .contains(pyatspi.STATE_CHECKED))
     wait_for("map in the summary", lambda: program.text_of("Maps:") == "1 3rd Party Maps Selected")
     decide(program)
+    keep_as_set(program)
     program.press("push button", "Apply Settings and Launch Cavedog TA")
     program.answer('include a file destined for "maps/two.ota".', "Yes")
     program.wait_for_the_end()
+
+
+def take_set(program):
+    """What is ticked is given up, and comes again with the set."""
+    program.press("push button", "Revert to Cavedog Settings")
+    program.press("menu item", "Choose A Set...")
+    program.wait_for("dialog", "Sets")
+    program.press("check box", "Lakes only", "SetFocus")
+    program.press("push button", "Switch To This Set")
+    open_maps(program)
+    wait_for("map of the set", lambda: program.find("check box", "Two Lakes").getState()
+             .contains(pyatspi.STATE_CHECKED))
+
+
+def wish_to_come_back(program):
+    item = program.wait_for("check menu item", "Come Back When The Game Ends")
+    for wished in (True, False):
+        item.queryAction().doAction(0)
+        wait_for(f"check {wished}", lambda: wished == program.find(
+            "check menu item", "Come Back When The Game Ends").getState()
+            .contains(pyatspi.STATE_CHECKED))
 
 
 def remove_map(program):
@@ -229,6 +262,8 @@ def main(folder):
     second = Program(folder)
     if content(applied) != "game\n" or not os.path.exists(release):
         sys.exit("The directory was not made plain.")
+    take_set(second)
+    wish_to_come_back(second)
     remove_map(second)
     second.wait_for_the_end()
     if os.path.exists(folder + "/Vexillum/Map-Two Lakes"):

@@ -126,7 +126,7 @@ class frmMain : public Window {
                            "",    disabled};
     Menu mnuSets{*this, "mnuSets", "&Sets"};
     MenuItem mnuSSave{*this, mnuSets, "mnuSSave", "&Save As Set...", "Ctrl+S"};
-    MenuItem mnuSSwitch{*this, mnuSets, "mnuSSwitch", "&Choose A Set...", "Ctrl+T"};
+    MenuItem mnuSSwitch{*this, mnuSets, "mnuSSwitch", "&Choose A Set...", "Ctrl+E"};
     MenuItem mnuSImport{*this, mnuSets, "mnuSImport", "&Import A Set...", ""};
     MenuItem mnuSList{*this, mnuSets, "mnuSList", "&List For A Friend...", ""};
     MenuItem mnuSCompare{*this, mnuSets, "mnuSCompare", "Compare &With A List...", ""};
