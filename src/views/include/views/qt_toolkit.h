@@ -54,6 +54,9 @@ class QtToolkit : public windows::Toolkit {
     /// As if the user closed the first window.
     void closeMain();
 
+    void noteEnding() { ending_ = true; }
+    bool isEnding() const override { return ending_; }
+
     Refresher& refresher() { return refresher_; }
 
     /// Takes what the user did through a widget.
@@ -72,6 +75,7 @@ class QtToolkit : public windows::Toolkit {
   private:
     void open(windows::Window& window, Qt::WindowModality modality);
     void putOverOwner(WindowView& view);
+    static bool isOnScreen(const WindowView& view);
     static void keepOnScreen(WindowView& view);
     QWidget* boxParent() const;
     QString folderFor(const windows::FileDialog& dialog) const;
@@ -82,6 +86,7 @@ class QtToolkit : public windows::Toolkit {
     std::unique_ptr<QSettings> memory_;
     QString lastFolder_;             ///< of the last file dialog
     WindowView* mainView_ = nullptr; ///< the first window loaded, which the others belong to
+    bool ending_ = false;
     windows::Input input_;
     windows::Input::Moment moment_ = windows::Input::Moment::working;
     std::chrono::steady_clock::time_point lastEvents_;
