@@ -51,8 +51,8 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     : WindowView(main, toolkit), main_(main), content_(new QWidget(this)),
       sides_(new QSplitter(Qt::Horizontal, this)) {
     auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->setSpacing(0);
+    whole->setContentsMargins(margin, 0, margin, margin);
+    whole->setSpacing(gap);
     whole->setMenuBar(menuBar());
     // On a screen that is too small for all of it, it can be scrolled.
     auto* scrolls = new QScrollArea(this);
@@ -64,7 +64,7 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     whole->addWidget(scrolls);
 
     auto* content = new QVBoxLayout(content_);
-    content->setContentsMargins(margin, 4, margin, margin);
+    content->setContentsMargins(0, smallGap, 0, 0);
     content->setSpacing(gap);
     auto* tabs = tabBar(main_.tspMain);
     addTabKeys(tabs);
@@ -83,10 +83,7 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     content->addWidget(setupFrame());
     // Nothing stands there before it means something, but for the progress of what comes first.
     content_->hide();
-    auto* work = new QVBoxLayout();
-    work->setContentsMargins(margin, 0, margin, margin);
-    work->addWidget(progressBar(main_.barWork));
-    whole->addLayout(work);
+    whole->addWidget(progressBar(main_.barWork));
     timer(main_.tmrSleep);
     timer(main_.tmrTally);
     std::vector<windows::Control*> order = {
