@@ -121,7 +121,7 @@ Gesture gestureOf(const std::string& line, const Windows& windows) {
 }
 
 Gesture meanwhileGesture(const std::string& line, const Windows& windows) {
-    constexpr std::array words = {"tab", "mark", "click", "close"};
+    constexpr std::array words = {"tab", "mark", "click", "close", "escape"};
     if (std::find(words.begin(), words.end(), cutWord(line).first) == words.end())
         throw BadLine("meanwhile " + line);
     try {

@@ -215,8 +215,9 @@ bool MemberImport::mayWrite(const std::string& path) {
         return questions_.ask({"\"" + platform::shownPath(path) +
                                    "\" is in the release's directory already.\r\n\r\nWould you "
                                    "like to replace it?",
-                               {"No", "Yes"}},
-                              &replacements_) == 1;
+                               {"Yes", "No"},
+                               1},
+                              &replacements_) == 0;
     default:
         ++result_.failed;
         questions_.warn(couldNotBeCopied(path, "A directory of that name is there."), &failures_);

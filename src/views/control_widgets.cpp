@@ -1,4 +1,6 @@
 // The widget of each kind of control.
+#include <algorithm>
+
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -7,6 +9,7 @@
 
 #include "cut_text_tip.h"
 #include "elided.h"
+#include "figure_bar.h"
 #include "mark_list_view.h"
 #include "tab_badges.h"
 #include "text_follower.h"
@@ -21,12 +24,14 @@ windows::Action chooseTab(windows::TabStrip& control, int tab) {
     return windows::choose(control, control.captions()[static_cast<std::size_t>(tab)]);
 }
 
-/// With the mark of an access key before the first such letter, if there is one.
+/// With the mark of an access key before the first such letter, or else before the first of all.
 QString underlined(QString caption, QChar letter) {
-    auto at = letter.isNull() ? -1 : caption.indexOf(letter, 0, Qt::CaseSensitive);
-    if (at < 0 && !letter.isNull())
+    if (letter.isNull() || caption.isEmpty())
+        return caption;
+    auto at = caption.indexOf(letter, 0, Qt::CaseSensitive);
+    if (at < 0)
         at = caption.indexOf(letter, 0, Qt::CaseInsensitive);
-    return at < 0 ? caption : caption.insert(at, '&');
+    return caption.insert(std::max<qsizetype>(at, 0), '&');
 }
 
 /// Some menu items have keys that mean something else in a text.
@@ -88,10 +93,10 @@ QPushButton* WindowView::bindButton(windows::Button& control, QPushButton* widge
     return widget;
 }
 
-QCheckBox* WindowView::checkBox(windows::CheckBox& control) {
+QCheckBox* WindowView::checkBox(windows::CheckBox& control, QChar letter) {
     auto* widget = new QCheckBox(this);
-    bind(control, widget, [&control, widget] {
-        widget->setText(shown(control.text()));
+    bind(control, widget, [&control, widget, letter] {
+        widget->setText(underlined(shown(control.text()).replace("&", "&&"), letter));
         widget->setChecked(control.checked());
     });
     connect(widget, &QCheckBox::clicked, this, [this, &control, widget] {
@@ -227,7 +232,7 @@ QListWidget* WindowView::listBox(windows::ListBox& control) {
 }
 
 QProgressBar* WindowView::progressBar(windows::ProgressBar& control) {
-    auto* widget = new QProgressBar(this);
+    auto* widget = new FigureBar(this);
     widget->setRange(0, windows::ProgressBar::whole);
     bind(control, widget, [&control, widget] {
         widget->setValue(control.done());

@@ -6,7 +6,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyleOption>
+#include <QTextLayout>
 #include <QToolTip>
 
 namespace views {
@@ -62,7 +64,8 @@ class CutTextTip final : public QObject {
         const auto [text, room] = textOf(widget);
         const auto size = widget->fontMetrics().size(Qt::TextExpandTabs, text);
         if (size.width() > room)
-            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text, widget);
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), inLines(text, *widget),
+                               widget);
         else
             QToolTip::hideText();
         return true;
@@ -70,6 +73,24 @@ class CutTextTip final : public QObject {
 };
 
 } // namespace
+
+QString inLines(const QString& text, const QWidget& widget) {
+    const int most = widget.screen()->availableSize().width() / 2;
+    QTextOption anywhere;
+    anywhere.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QStringList lines;
+    for (const auto& part : text.split('\n')) {
+        QTextLayout layout(part, QToolTip::font());
+        layout.setTextOption(anywhere);
+        layout.beginLayout();
+        for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(most);
+            lines << part.mid(line.textStart(), line.textLength());
+        }
+        layout.endLayout();
+    }
+    return lines.join('\n');
+}
 
 void tipWhereCut(QWidget* widget) {
     widget->installEventFilter(new CutTextTip(widget));

@@ -27,6 +27,7 @@ namespace views {
 namespace {
 
 constexpr QSize smallest(420, 300);
+constexpr int smallGap = 4;
 
 /// Two menus may ask for one letter: the second gets its next one. The caption stays.
 QString withOwnLetter(QString caption, QString& taken) {
@@ -50,8 +51,8 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     : WindowView(main, toolkit), main_(main), content_(new QWidget(this)),
       sides_(new QSplitter(Qt::Horizontal, this)) {
     auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->setSpacing(0);
+    whole->setContentsMargins(margin, 0, margin, margin);
+    whole->setSpacing(gap);
     whole->setMenuBar(menuBar());
     // On a screen that is too small for all of it, it can be scrolled.
     auto* scrolls = new QScrollArea(this);
@@ -63,8 +64,8 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     whole->addWidget(scrolls);
 
     auto* content = new QVBoxLayout(content_);
-    content->setContentsMargins(margin, 4, margin, margin);
-    content->setSpacing(margin);
+    content->setContentsMargins(0, smallGap, 0, 0);
+    content->setSpacing(gap);
     auto* tabs = tabBar(main_.tspMain);
     addTabKeys(tabs);
     content->addWidget(tabs);
@@ -80,9 +81,9 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     sides_->setStretchFactor(1, 3);
     content->addWidget(sides_, 1);
     content->addWidget(setupFrame());
-    content->addWidget(progressBar(main_.barWork));
-    // Nothing stands there before it means something.
+    // Nothing stands there before it means something, but for the progress of what comes first.
     content_->hide();
+    whole->addWidget(progressBar(main_.barWork));
     timer(main_.tmrSleep);
     timer(main_.tmrTally);
     std::vector<windows::Control*> order = {
@@ -119,11 +120,12 @@ MainView::~MainView() {
     }
 }
 
-void MainView::takeOldPlace() {
-    if (const auto* memory = toolkit_.memory()) {
-        restoreGeometry(memory->value("main/place").toByteArray());
-        sides_->restoreState(memory->value("main/divider").toByteArray());
-    }
+bool MainView::takeOldPlace() {
+    const auto* memory = toolkit_.memory();
+    if (memory == nullptr)
+        return false;
+    sides_->restoreState(memory->value("main/divider").toByteArray());
+    return restoreGeometry(memory->value("main/place").toByteArray());
 }
 
 /// The start is over when the window rests no more for the first time.
@@ -180,10 +182,9 @@ QMenuBar* MainView::menuBar() {
         });
     }
     auto* opens = new QShortcut(QKeySequence("F10"), this);
-    connect(opens, &QShortcut::activated, bar, [bar] {
-        bar->setFocus(Qt::MenuBarFocusReason);
-        bar->setActiveAction(bar->actions().front());
-    });
+    // The bar takes the focus when the menu is left, and knows then whose it was.
+    connect(opens, &QShortcut::activated, bar,
+            [bar] { bar->setActiveAction(bar->actions().front()); });
     return bar;
 }
 
@@ -223,8 +224,8 @@ QWidget* MainView::infoSide() {
     commandOf(menu, "&View Files", main_.cmdExplore);
     commandOf(menu, "&Edit About Text", main_.lblEditAbout);
     commandOf(menu, "Edit &CCodes", main_.lblEditCCodes);
-    commandOf(menu, "Rename &This...", main_.lblRename);
-    commandOf(menu, "Remove This...", main_.cmdRemove);
+    commandOf(menu, "Rename T&his...", main_.lblRename);
+    commandOf(menu, "Rem&ove This...", main_.cmdRemove);
     return side;
 }
 
@@ -234,7 +235,9 @@ QWidget* MainView::setupFrame() {
          [this, frame] { frame->setTitle(shown(main_.fraCurrSetup.text())); });
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(gap);
-    grid->setVerticalSpacing(gap);
+    // A low screen has its room for the list and the texts above.
+    grid->setVerticalSpacing(smallGap);
+    grid->setContentsMargins(0, 0, 0, 0);
     // Types with one choice stand on the left with the buttons below them, all others on the right.
     int left = 0;
     int right = 0;

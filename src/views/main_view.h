@@ -21,7 +21,7 @@ class MainView final : public WindowView {
     ~MainView() override;
 
     bool isFilled() const override { return isFilled_; }
-    void takeOldPlace() override;
+    bool takeOldPlace() override;
 
   protected:
     void showRest(bool rests) override;

@@ -40,9 +40,9 @@ class FilterEdit final : public QLineEdit {
         case Qt::Key_Down:
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            list_->setFocus(Qt::OtherFocusReason);
             if (!list_->currentIndex().isValid())
                 list_->moveTo(0);
+            list_->setFocus(Qt::OtherFocusReason);
             return;
         default:
             QLineEdit::keyPressEvent(event);
@@ -71,18 +71,21 @@ QWidget* MainView::listSide() {
     auto* list = markList(main_.lstList);
     list->setMinimumSize(220, 80);
     list->setAccessibleName("Releases");
-    list->setPlaceholders("There are no releases of this type yet.",
-                          "No release here has this in its name.");
+    list->setPlaceholders({"There are no releases of this type yet.",
+                           "No release here has this in its name.",
+                           "No release here has this in its name or its about text."});
     column->addWidget(label(main_.lblList, true));
     auto* search = tight<QHBoxLayout>();
     search->addWidget(filterOf(list), 1);
     auto* more = new QToolButton(this);
     more->setObjectName("listMenuButton");
-    more->setText("List");
+    more->setText("L&ist");
     more->setAccessibleName("List");
     more->setToolTip("Tick many, sort, search in about texts");
     more->setPopupMode(QToolButton::InstantPopup);
     more->setFocusPolicy(Qt::StrongFocus);
+    // As high as the field beside it.
+    more->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
     restToo(more);
     search->addWidget(more);
     column->addLayout(search);
@@ -94,11 +97,10 @@ QWidget* MainView::listSide() {
     column->addWidget(link(main_.lblRename), 0, Qt::AlignLeft);
     auto* menu = listMenu(list);
     more->setMenu(menu);
-    list->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(list, &QWidget::customContextMenuRequested, menu, [this, list, menu](const QPoint& at) {
+    list->onMenu = [this, menu](const QPoint& at) {
         if (toolkit_.takesInput(main_))
-            menu->popup(list->viewport()->mapToGlobal(at));
-    });
+            menu->popup(at);
+    };
     return side;
 }
 

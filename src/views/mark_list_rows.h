@@ -19,6 +19,7 @@ class MarkListRows final : public QSortFilterProxyModel {
 
     void setFilter(const QString& text);
     void setSearchesAbout(bool searches);
+    bool searchesAbout() const { return searchesAbout_; }
     void setOrder(MarkListView::Order order);
     /// The items are others now: what was known of them is not.
     void forget();

@@ -2,11 +2,14 @@
 #include "mark_list_view.h"
 
 #include <QAccessible>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
 
+#include "cut_text_tip.h"
 #include "mark_list_access.h"
 #include "mark_list_rows.h"
 
@@ -36,11 +39,13 @@ MarkListView::MarkListView(const windows::MarkList& list, Gestures gestures, QWi
 void MarkListView::setFilter(const QString& text) {
     rows_->setFilter(text);
     keepLooking();
+    showFound();
 }
 
 void MarkListView::setSearchesAbout(bool searches) {
     rows_->setSearchesAbout(searches);
     keepLooking();
+    showFound();
 }
 
 void MarkListView::setOrder(Order order) {
@@ -48,10 +53,15 @@ void MarkListView::setOrder(Order order) {
     scrollTo(currentIndex());
 }
 
-void MarkListView::setPlaceholders(const QString& noItems, const QString& noMatch) {
-    noItems_ = noItems;
-    noMatch_ = noMatch;
+void MarkListView::setPlaceholders(const Placeholders& placeholders) {
+    placeholders_ = placeholders;
     viewport()->update();
+}
+
+QString MarkListView::placeholder() const {
+    if (items_->rowCount() == 0)
+        return placeholders_.noItems;
+    return rows_->searchesAbout() ? placeholders_.noMatchInAbout : placeholders_.noMatch;
 }
 
 void MarkListView::follow() {
@@ -104,6 +114,14 @@ void MarkListView::keepLooking() {
     selectionModel()->clear();
 }
 
+/// The row that is looked at, or else the first one.
+void MarkListView::showFound() {
+    if (currentIndex().isValid())
+        scrollTo(currentIndex());
+    else
+        scrollToTop();
+}
+
 void MarkListView::moveTo(int row) {
     setCurrentIndex(rows_->index(row, 0));
     read(row);
@@ -123,16 +141,59 @@ void MarkListView::markAll(bool marked) {
     gestures_.markAll(std::move(texts), marked, items_->revision());
 }
 
-/// Space and Enter tick; every key that leads to another row looks at it.
+bool MarkListView::isSearching() const {
+    return sinceLetter_.isValid() &&
+           !sinceLetter_.hasExpired(QApplication::keyboardInputInterval());
+}
+
+void MarkListView::keyboardSearch(const QString& text) {
+    sinceLetter_.start();
+    QListView::keyboardSearch(text);
+}
+
+/// Space and Enter tick; every key that leads to another row looks at it. Where none is looked at
+/// yet, they lead to the first one. A blank within a name that is typed belongs to the name.
 void MarkListView::keyPressEvent(QKeyEvent* event) {
-    const bool ticks = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
-                       event->key() == Qt::Key_Enter;
-    if (ticks && currentIndex().isValid())
-        return toggle(currentIndex().row());
+    const bool isBlank = event->key() == Qt::Key_Space;
+    const bool ticks = isBlank || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isMenu = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
     const auto before = currentIndex();
-    QListView::keyPressEvent(event);
+    if (isBlank && isSearching()) {
+        keyboardSearch(" ");
+    } else if (isMenu) {
+        askForMenuAtRow();
+    } else if (!before.isValid() && (ticks || event->key() == Qt::Key_End)) {
+        return moveTo(ticks ? 0 : rows_->rowCount() - 1);
+    } else if (ticks) {
+        return toggle(before.row());
+    } else {
+        QListView::keyPressEvent(event);
+    }
     if (currentIndex().isValid() && currentIndex() != before)
         read(currentIndex().row());
+}
+
+/// To come here is not to pick the first row.
+void MarkListView::focusInEvent(QFocusEvent* event) {
+    const bool hadRow = currentIndex().isValid();
+    QListView::focusInEvent(event);
+    if (!hadRow)
+        selectionModel()->clear();
+}
+
+void MarkListView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        askForMenuAtRow();
+    else if (onMenu)
+        onMenu(event->globalPos());
+}
+
+/// The row that it is about.
+void MarkListView::askForMenuAtRow() {
+    scrollTo(currentIndex());
+    const auto row = visualRect(currentIndex());
+    if (onMenu)
+        onMenu(viewport()->mapToGlobal(row.isNull() ? QPoint() : row.bottomLeft()));
 }
 
 /// The left button ticks when it is let go.
@@ -150,7 +211,7 @@ bool MarkListView::viewportEvent(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const auto index = indexAt(help->pos());
     if (index.isValid() && sizeHintForIndex(index).width() > visualRect(index).width())
-        QToolTip::showText(help->globalPos(), index.data().toString(), this);
+        QToolTip::showText(help->globalPos(), inLines(index.data().toString(), *this), this);
     else
         QToolTip::hideText();
     return true;
@@ -164,8 +225,7 @@ void MarkListView::paintEvent(QPaintEvent* event) {
     painter.setPen(palette().color(QPalette::PlaceholderText));
     constexpr int margin = 16;
     painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
-                     items_->rowCount() == 0 ? noItems_ : noMatch_);
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, placeholder());
 }
 
 } // namespace views

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include <QElapsedTimer>
 #include <QListView>
 
 #include "mark_list_model.h"
@@ -35,13 +36,22 @@ class MarkListView final : public QListView {
     enum class Order { asListed, byName, tickedFirst, newestFirst };
     /// Rows come in that order until they are filled anew; a tick moves none.
     void setOrder(Order order);
-    /// What stands in a list without items, and in one without a match.
-    void setPlaceholders(const QString& noItems, const QString& noMatch);
+    struct Placeholders {
+        QString noItems;
+        QString noMatch;
+        QString noMatchInAbout; ///< where about texts are searched too
+    };
+    void setPlaceholders(const Placeholders& placeholders);
+    /// What stands there where no row is shown.
+    QString placeholder() const;
 
     /// Follows the list after a change of it.
     void follow();
     /// Runs when the items have become others.
     std::function<void()> onRefilled;
+    /// Runs where the user asks for the list's menu, by mouse or keys, with its place on the
+    /// screen.
+    std::function<void(const QPoint& at)> onMenu;
 
     bool isMarked(int row) const;
     /// What a click on a row does.
@@ -54,7 +64,10 @@ class MarkListView final : public QListView {
     void markAll(bool marked);
 
   protected:
+    void keyboardSearch(const QString& text) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -64,6 +77,9 @@ class MarkListView final : public QListView {
     void read(int row);
     void look(int row);
     void keepLooking();
+    void showFound();
+    void askForMenuAtRow();
+    bool isSearching() const;
 
     MarkListModel* items_;
     MarkListRows* rows_;
@@ -72,8 +88,9 @@ class MarkListView final : public QListView {
     /// The item that is looked at, shown or not.
     QPersistentModelIndex looked_;
     bool wasFilled_ = false;
-    QString noItems_;
-    QString noMatch_;
+    Placeholders placeholders_;
+    /// Since the last letter of a name that is typed.
+    QElapsedTimer sinceLetter_;
 };
 
 } // namespace views

@@ -100,17 +100,26 @@ void QtToolkit::open(windows::Window& window, Qt::WindowModality modality) {
     input_.opened(window, modality != Qt::NonModal);
     refresher_.flush(Pace::pausing);
     view->setWindowModality(modality);
-    if (view == mainView_ && !view->testAttribute(Qt::WA_WState_Created))
-        view->takeOldPlace();
+    const bool isFirst = view == mainView_ && !view->testAttribute(Qt::WA_WState_Created);
+    const bool hasOldPlace = isFirst && view->takeOldPlace();
     putOverOwner(*view);
-    keepOnScreen(*view);
+    if (!hasOldPlace || !isOnScreen(*view))
+        keepOnScreen(*view);
     view->show();
+}
+
+/// An old place is that of the window without its frame, so nothing is added here.
+bool QtToolkit::isOnScreen(const WindowView& view) {
+    const auto place = view.geometry();
+    const auto* screen = QApplication::screenAt(place.center());
+    return view.isMaximized() || (screen != nullptr && screen->availableGeometry().contains(place));
 }
 
 /// No window is larger than what the screen has free, or reaches out of it.
 void QtToolkit::keepOnScreen(WindowView& view) {
     constexpr QSize frame(8, 40); ///< about what a window manager adds
-    const auto room = view.screen()->availableGeometry();
+    const auto* screen = QApplication::screenAt(view.geometry().center());
+    const auto room = (screen != nullptr ? screen : view.screen())->availableGeometry();
     const auto most = (room.size() - frame).expandedTo(view.minimumSize());
     view.resize(view.size().boundedTo(most));
     if (view.pos().isNull())
@@ -196,8 +205,10 @@ void QtToolkit::showModal(windows::Window& window) {
         waitForUser();
 }
 
-/// Between two boxes no window is active.
+/// Between two boxes no window is active, but a modal one stays what all else stands over.
 QWidget* QtToolkit::boxParent() const {
+    if (auto* modal = QApplication::activeModalWidget())
+        return modal;
     if (auto* active = QApplication::activeWindow())
         return active;
     return mainView_ != nullptr && mainView_->isVisible() ? mainView_ : nullptr;
@@ -218,10 +229,10 @@ windows::MessageAnswer QtToolkit::showMessage(const windows::MessageBox& box) {
     dialog.setDefaultButton(buttons[box.defaultButton]);
     dialog.setEscapeButton(buttons[answerOfEscape(box.buttons)]);
     dialog.setIcon(iconOf(box));
-    QCheckBox same("Do the same for the rest");
+    QCheckBox same("&Do the same for the rest");
     if (box.offersSameForRest)
         dialog.setCheckBox(&same);
-    QCheckBox remember("Remember this");
+    QCheckBox remember("&Remember this");
     remember.setObjectName("remember");
     if (box.offersRemembering)
         addBelowText(dialog, remember);
@@ -289,11 +300,15 @@ std::optional<std::string> QtToolkit::askForFolder(const windows::FileDialog& di
 std::string QtToolkit::saveText(const windows::FileDialog& dialog, const std::string& name,
                                 const std::string& text) {
     refresher_.flush(Pace::pausing);
-    const auto path = QFileDialog::getSaveFileName(boxParent(), shown(dialog.title),
-                                                   QDir(folderFor(dialog)).filePath(shown(name)),
-                                                   nameFilters(dialog.filter));
-    if (path.isEmpty())
+    QFileDialog box(boxParent(), shown(dialog.title), folderFor(dialog),
+                    nameFilters(dialog.filter));
+    box.setAcceptMode(QFileDialog::AcceptSave);
+    box.setFileMode(QFileDialog::AnyFile);
+    box.selectFile(shown(name));
+    box.setDefaultSuffix(QFileInfo(shown(name)).suffix());
+    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
         return {};
+    const auto path = box.selectedFiles().front();
     noteFolder(QFileInfo(path).path());
     QSaveFile file(path);
     const auto bytes = QByteArray::fromStdString(text);

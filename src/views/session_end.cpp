@@ -32,6 +32,7 @@ SessionEnd::SessionEnd(QtToolkit& toolkit) : toolkit_(toolkit) {
 SessionEnd::~SessionEnd() = default;
 
 void SessionEnd::closeOne() {
+    toolkit_.noteEnding();
     auto* top = QApplication::activeModalWidget();
     if (auto* dialog = qobject_cast<QDialog*>(top))
         dialog->done(QDialog::Rejected);

@@ -124,9 +124,6 @@ QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 QPlainTextEdit { padding: 4px; }
 QLineEdit:focus, QPlainTextEdit:focus, QListView:focus { border: 1px solid @accent; }
 QLineEdit:disabled, QPlainTextEdit:disabled { color: @faint; }
-QProgressBar { border: 1px solid @border; border-radius: 6px; text-align: center;
-               background: @base; }
-QProgressBar::chunk { background: @accent; border-radius: 5px; }
 QTreeView { background: @base; border: 1px solid @border; border-radius: 6px; outline: none; }
 QTreeView:focus { border: 1px solid @accent; }
 QTreeView:disabled { background: @window; }
@@ -157,6 +154,10 @@ QGroupBox { border: 1px solid @border; border-radius: 8px; margin-top: 0.7em; pa
             font-weight: 600; }
 QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 4px; }
 QGroupBox > QWidget { font-weight: normal; }
+QGroupBox#fraCurrSetup { padding: 8px 12px; }
+QGroupBox#fraCurrSetup > QLineEdit { padding: 2px 8px; }
+QPushButton#cmdRevert, QPushButton#cmdClean { padding: 3px 14px; }
+QPushButton#cmdRevert:focus, QPushButton#cmdClean:focus { padding: 2px 13px; }
 QSplitter::handle { background: transparent; }
 )";
 
@@ -198,6 +199,13 @@ class Style final : public QProxyStyle {
         if (icon == SP_MessageBoxWarning)
             return warningIcon();
         return QProxyStyle::standardIcon(icon, option, widget);
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, data);
     }
 
   private:

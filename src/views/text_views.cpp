@@ -19,7 +19,7 @@ class ShowReadmeView final : public WindowView {
         column->addWidget(label(window.lblWhat, true));
         auto* conflicts = tight();
         conflicts->addWidget(label(window.lblConflicts, true), 1);
-        conflicts->addWidget(checkBox(window.chkConflicts));
+        conflicts->addWidget(checkBox(window.chkConflicts, 'O'));
         column->addLayout(conflicts);
         auto* text = textEdit(window.txtReadme);
         text->setAccessibleName("Text");
@@ -27,9 +27,9 @@ class ShowReadmeView final : public WindowView {
         auto* foot = tight();
         foot->addWidget(progressBar(window.barDone), 1);
         foot->addStretch();
-        foot->addWidget(button(window.cmdCopy));
-        foot->addWidget(button(window.cmdSave));
-        auto* done = button(window.cmdDone);
+        foot->addWidget(button(window.cmdCopy, 'Y'));
+        foot->addWidget(button(window.cmdSave, 'S'));
+        auto* done = button(window.cmdDone, 'C');
         done->setDefault(true);
         foot->addWidget(done);
         column->addLayout(foot);
@@ -60,8 +60,8 @@ class FileListView final : public WindowView {
         column->addWidget(text, 1);
         auto* buttons = new QHBoxLayout();
         buttons->addStretch();
-        buttons->addWidget(button(window.cmdClipboard));
-        buttons->addWidget(button(window.cmdDone));
+        buttons->addWidget(button(window.cmdClipboard, 'C'));
+        buttons->addWidget(button(window.cmdDone, 'D'));
         column->addLayout(buttons);
         resize(720, 520);
     }

@@ -44,6 +44,9 @@ WindowView::WindowView(windows::Window& window, QtToolkit& toolkit)
     addBinding(window, [this] {
         setWindowTitle(shown(window_.text()));
         showRest(!window_.enabled() || window_.resting());
+        if (const auto* control = window_.takeLead())
+            if (auto* widget = findChild<QWidget*>(QString::fromStdString(control->name())))
+                widget->setFocus(Qt::OtherFocusReason);
     });
 }
 

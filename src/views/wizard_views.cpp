@@ -113,6 +113,7 @@ class WizardView : public WindowView {
     struct Pair {
         windows::Button& back;
         windows::Button& next;
+        char backLetter = 'P'; ///< of its access key
     };
     /// The one row of buttons, with news of the work on its left.
     void foot(std::initializer_list<QWidget*> news, windows::Button& cancel,
@@ -123,8 +124,8 @@ class WizardView : public WindowView {
         row->addStretch();
         auto* cancelButton = button(cancel, 'C');
         row->addWidget(cancelButton);
-        for (const auto& [back, next] : steps) {
-            auto* backButton = button(back, 'P');
+        for (const auto& [back, next, letter] : steps) {
+            auto* backButton = button(back, QChar::fromLatin1(letter));
             // Most go on, the last one finishes.
             auto* nextButton = button(next, next.text().front());
             nextButton->setDefault(true);
@@ -237,11 +238,10 @@ class TamView final : public WizardView {
         auto* location = lineEdit(window.txt2Loc);
         location->setAccessibleName("TAM Data File");
         row->addWidget(location, 1);
-        auto* browse = button(window.cmd2Browse, 'B');
-        row->addWidget(browse);
+        row->addWidget(button(window.cmd2Browse, 'B'));
         second->addLayout(row);
         second->addStretch();
-        first({browse});
+        first({location});
 
         auto* third = step(window.fra3step);
         auto* files = field(third, window.lbl3info, listBox(window.lst3files));
@@ -249,8 +249,8 @@ class TamView final : public WizardView {
 
         foot({}, window.cmdCancel,
              {{window.cmd1Prev, window.cmd1Next},
-              {window.cmd2Prev, window.cmd2Next},
-              {window.cmd3prev, window.cmd3next}});
+              {window.cmd2Prev, window.cmd2Next, 'K'},
+              {window.cmd3prev, window.cmd3next, 'K'}});
         first({findChild<QWidget*>("cmd3next")});
     }
 };

@@ -83,7 +83,7 @@ Action close(Window& window) {
 Action escape(Window& window) {
     if (!window.onEscape)
         return close(window);
-    return {&window, nullptr, window.closeWish, [&window] { raise(window.onEscape); }, {}};
+    return {&window, nullptr, window.escapeWish, [&window] { raise(window.onEscape); }, {}};
 }
 
 Action drop(Window& window, std::vector<std::string> paths) {

@@ -113,6 +113,11 @@ Control* Window::find(std::string_view name) const {
     return at == controls_.end() ? nullptr : *at;
 }
 
+void Window::leadTo(Control& control) {
+    lead_ = &control;
+    changed();
+}
+
 void Window::setResting(bool resting) {
     resting_ = resting;
     changed();

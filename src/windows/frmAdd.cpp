@@ -62,6 +62,7 @@ frmAdd::frmAdd(frmMain& main, std::string shortType, const std::vector<std::stri
     onEscape = [this] { cancel(); };
     cmdCancel.onClick = [this] { cancel(); };
     closeWish = &closeIt_;
+    escapeWish = &stopCopying_;
     onDrop = [this](const auto& paths) {
         if (fraS1.enabled())
             takeFiles(paths);
@@ -152,13 +153,13 @@ void frmAdd::cmd1Next_Click() {
     const auto taken = txt1Name.text();
     txt1Name.setText(formats::permittedPart(taken));
     if (txt1Name.text() != taken)
-        return main_.game().questions().tell(
-            "Not all ASCII characters are permitted in display names.\r\n\r\n"
-            "The offending characters have been removed, but you may want to change "
-            "it.");
+        return tellOf(main_.game().questions(), txt1Name,
+                      "Not all ASCII characters are permitted in display names.\r\n\r\n"
+                      "The offending characters have been removed, but you may want to "
+                      "change it.");
     if (txt1Name.text().empty())
-        return main_.game().questions().tell(
-            "You have to enter a display name.\r\n\r\nPlease do so now.");
+        return tellOf(main_.game().questions(), txt1Name,
+                      "You have to enter a display name.\r\n\r\nPlease do so now.");
     txt1Name.setText(releases::folderForm(taken));
     releaseFolder_ = folderFor(txt1Name.text());
     txt2Where.setText(platform::shownPath(releaseFolder_));
@@ -205,7 +206,7 @@ void frmAdd::cmd2Folder_Click() {
         copyMembers({*folder});
 }
 
-/// While files are copied, the same button stops it, and so does closing the window.
+/// While files are copied, the same button stops it, and so do Escape and closing the window.
 void frmAdd::copyMembers(const std::vector<std::string>& paths) {
     using releases::MemberImport;
     stopCopying_.noted = closeIt_.noted = false;

@@ -287,6 +287,8 @@ void frmMain::saveSelsOrTell() {
 
 void frmMain::startProgram(const std::string& name, const std::string& arguments,
                            const std::string& handedOver) {
+    if (toolkit().isEnding())
+        return;
     try {
         machine_.programs.start({platform::Command::Kind::program, game_.at(name), arguments,
                                  platform::StartWindow::normal, handedOver});

@@ -83,8 +83,9 @@ void frmTAM::GotoStep(int stepNum) {
 
 void frmTAM::cmd1Next_Click() {
     if (cbo1TAMtype.text().empty() || cbo1VXLtype.text().empty())
-        return main_.game().questions().tell(
-            "You must select both a TAM and VXL release type.\r\n\r\nPlease do so now.");
+        return tellOf(main_.game().questions(),
+                      cbo1TAMtype.text().empty() ? cbo1TAMtype : cbo1VXLtype,
+                      "You must select both a TAM and VXL release type.\r\n\r\nPlease do so now.");
     shortType = cbo1VXLtype.text().substr(vxlPrefixLength);
     const auto& type = tamTypes[static_cast<std::size_t>(cbo1TAMtype.index())];
     tamTypeName = type.name;
@@ -107,13 +108,13 @@ void frmTAM::cmd2Browse_Click() {
 
 void frmTAM::cmd2Next_Click() {
     if (!main_.game().DoesFileExist(txt2Loc.text()))
-        return main_.game().questions().tell(
-            "Sorry, it looks like that isn't a valid file.\r\n\r\nPlease choose a "
-            "different one.");
+        return tellOf(main_.game().questions(), txt2Loc,
+                      "Sorry, it looks like that isn't a valid file.\r\n\r\nPlease choose "
+                      "a different one.");
     if (!txt2Loc.text().ends_with(tamPattern.substr(2)))
-        return main_.game().questions().tell(
-            "That file doesn't have the right extension.\r\n\r\nPlease choose a "
-            "different one.");
+        return tellOf(main_.game().questions(), txt2Loc,
+                      "That file doesn't have the right extension.\r\n\r\nPlease choose a "
+                      "different one.");
     lst3files.clear();
     // Events run during a long copy, but none may start another conversion.
     setResting(true);

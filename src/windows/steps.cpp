@@ -23,4 +23,9 @@ void Steps::goTo(int stepNum) {
     }
 }
 
+void tellOf(platform::Questions& questions, Control& field, const std::string& text) {
+    questions.tell(text);
+    field.window().leadTo(field);
+}
+
 } // namespace windows

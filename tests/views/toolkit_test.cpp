@@ -223,6 +223,7 @@ TEST(Reports, are_saved_as_they_are_shown_and_dialogs_begin_where_the_last_one_e
             EXPECT_EQ(find<QPlainTextEdit>("txtReadme")->toPlainText(), "3 a b");
             saveAs("/reports/some.txt");
         },
+        [&] { saveAs("/reports/bare"); },
         [&] { saveAs("/none/all.txt"); },
         [] { find<QPushButton>("cmdCopy")->click(); },
         [] { find<QWidget>("frmShowReadme")->close(); },
@@ -239,6 +240,7 @@ TEST(Reports, are_saved_as_they_are_shown_and_dialogs_begin_where_the_last_one_e
                       answers);
     EXPECT_EQ(disk.content("reports/all.txt"), "1 conflict: ID 3\r\n\r\n1 -\r\n3 a b");
     EXPECT_EQ(disk.content("reports/some.txt"), "1 conflict: ID 3\r\n\r\n3 a b");
+    EXPECT_EQ(disk.content("reports/bare.txt"), "1 conflict: ID 3\r\n\r\n3 a b");
     EXPECT_EQ(QDir::toNativeSeparators(folder).toStdString(),
               disk.folder() + test::shown("/reports"));
     EXPECT_EQ(QApplication::clipboard()->text(), "3 a b");

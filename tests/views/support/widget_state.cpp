@@ -35,7 +35,7 @@ QString textOn(const QWidget& widget) {
     if (const auto* button = qobject_cast<const QPushButton*>(&widget))
         return withoutAccessKey(button->text());
     if (const auto* box = qobject_cast<const QCheckBox*>(&widget))
-        return box->text();
+        return withoutAccessKey(box->text());
     if (const auto* frame = qobject_cast<const QGroupBox*>(&widget))
         return frame->title();
     if (const auto* line = qobject_cast<const QLineEdit*>(&widget))

@@ -56,6 +56,9 @@ class QtToolkit : public windows::Toolkit {
     /// As if the user closed the first window.
     void closeMain();
 
+    void noteEnding() { ending_ = true; }
+    bool isEnding() const override { return ending_; }
+
     Refresher& refresher() { return refresher_; }
 
     /// Takes what the user did through a widget.
@@ -75,6 +78,7 @@ class QtToolkit : public windows::Toolkit {
     void open(windows::Window& window, Qt::WindowModality modality);
     static void bringToFront(QWidget& window);
     void putOverOwner(WindowView& view);
+    static bool isOnScreen(const WindowView& view);
     static void keepOnScreen(WindowView& view);
     QWidget* boxParent() const;
     QString folderFor(const windows::FileDialog& dialog) const;
@@ -85,6 +89,7 @@ class QtToolkit : public windows::Toolkit {
     std::unique_ptr<QSettings> memory_;
     QString lastFolder_;             ///< of the last file dialog
     WindowView* mainView_ = nullptr; ///< the first window loaded, which the others belong to
+    bool ending_ = false;
     windows::Input input_;
     windows::Input::Moment moment_ = windows::Input::Moment::working;
     std::chrono::steady_clock::time_point lastEvents_;

@@ -15,7 +15,7 @@ class QtToolkit;
 
 /// From its making on a wish that the program end closes the main window: what is chosen is applied
 /// and saved. What runs is finished first; windows over it are closed, and whatever is asked
-/// meanwhile is answered by its default.
+/// meanwhile is answered by its default. No program is started any more.
 class SessionEnd final : public QObject {
   public:
     explicit SessionEnd(QtToolkit& toolkit);

@@ -38,17 +38,19 @@ class WindowView : public QWidget {
 
     /// False while what it shows is not there yet.
     virtual bool isFilled() const { return true; }
-    /// Where it was when it was open last, in this run of the program or an earlier one.
-    virtual void takeOldPlace() {}
+    /// Goes where it was when it was open last, in this run of the program or an earlier one. False
+    /// where that is not known.
+    virtual bool takeOldPlace() { return false; }
 
   protected:
     QLabel* label(windows::Label& control, bool heading = false);
     QPushButton* link(windows::Label& control);
-    /// With a letter, which is underlined where the caption has it, Alt and that key press it.
+    /// With a letter, Alt and that key press it. It is underlined in the caption; one without it
+    /// has the first letter instead.
     QPushButton* button(windows::Button& control, QChar letter = {});
     /// One whose text may be longer than there is room.
     QPushButton* elidedButton(windows::Button& control, QChar letter);
-    QCheckBox* checkBox(windows::CheckBox& control);
+    QCheckBox* checkBox(windows::CheckBox& control, QChar letter = {});
     QLineEdit* lineEdit(windows::TextBox& control);
     QPlainTextEdit* textEdit(windows::TextBox& control);
     QTabBar* tabBar(windows::TabStrip& control);

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "windows/element.h"
@@ -187,12 +188,19 @@ class Window : public Element {
     bool resting() const { return resting_; }
     void setResting(bool resting);
 
+    /// Where the user is to go on: a view gives that control the focus.
+    void leadTo(Control& control);
+    /// The control that the user was last led to, once; null where there is none.
+    Control* takeLead() { return std::exchange(lead_, nullptr); }
+
     /// What the close box does.
     std::function<void()> onClose;
     /// What the key does that leads out of a window; where there is nothing, that of the close box.
     std::function<void()> onEscape;
     /// What closing it means while a procedure runs; null where it means to close it later.
     Wish* closeWish = nullptr;
+    /// What that key means then, where it does something of its own.
+    Wish* escapeWish = nullptr;
     /// What Enter presses, or null.
     Button* defaultButton = nullptr;
     /// Takes files and folders that the user drops, by their paths in the system's form. A window
@@ -202,6 +210,7 @@ class Window : public Element {
   private:
     friend class Control;
     std::vector<Control*> controls_;
+    Control* lead_ = nullptr;
     bool resting_ = false;
 };
 

@@ -1,8 +1,10 @@
 // The wizards' rule of steps: earlier ones stay in view, greyed; later ones are hidden.
 #pragma once
 
+#include <string>
 #include <vector>
 
+#include "platform/questions.h"
 #include "windows/controls.h"
 
 namespace windows {
@@ -19,5 +21,8 @@ class Steps {
   private:
     std::vector<std::vector<Control*>> steps_;
 };
+
+/// Tells of something that is wrong in a field, and leads the user there.
+void tellOf(platform::Questions& questions, Control& field, const std::string& text);
 
 } // namespace windows

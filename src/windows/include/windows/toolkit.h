@@ -87,6 +87,10 @@ class Toolkit {
     /// may come back without either.
     virtual void waitForTimer() = 0;
 
+    /// Whether the user's session comes to its end, and the program with it: nothing that would
+    /// outlive them is started any more.
+    virtual bool isEnding() const { return false; }
+
     /// A line has been added to the log window, or its first text has been set.
     virtual void logged(const std::string& line) = 0;
 };
