@@ -47,7 +47,7 @@ class SetsView final : public WindowView {
         auto* heading = label(window.lblSets, true);
         list_ = markList(window.lstSets);
         list_->setAccessibleName("Sets");
-        list_->setPlaceholders("No set has been saved yet.", "");
+        list_->setPlaceholders({"No set has been saved yet.", "", ""});
         list_->installEventFilter(this);
         heading->setBuddy(list_);
         connect(list_, &QListView::doubleClicked, this, [this] { pressDefaultButton(); });
