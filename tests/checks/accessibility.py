@@ -126,6 +126,10 @@ class Program:
             for node in everything_below(self.application)))
         self.press("push button", button)
 
+    def leave(self, window, button="Close"):
+        self.press("push button", button)
+        wait_for(f'end of "{window}"', lambda: self.find("dialog", window) is None)
+
     def text_of(self, name):
         text = self.find("text", name).queryText()
         return text.getText(0, text.characterCount)
@@ -186,7 +190,7 @@ def decide(program):
     program.press("push button", "Use For This File")
     program.wait_for("table cell", 'two.ota, the game, Map "Two Lakes", chosen')
     program.press("push button", "Ask At The Launch")
-    program.press("push button", "Close")
+    program.leave("Preview")
 
 
 def keep_as_set(program):
@@ -197,7 +201,7 @@ def keep_as_set(program):
     program.answer("has been saved", "OK")
     program.press("menu item", "Choose A Set...")
     program.wait_for("dialog", "Sets")
-    program.press("push button", "Close")
+    program.leave("Sets")
 
 
 def tick_and_launch(program):
@@ -215,23 +219,22 @@ def tick_and_launch(program):
 
 def take_set(program):
     """What is ticked is given up, and comes again with the set."""
+    open_maps(program)
     program.press("push button", "Revert to Cavedog Settings")
+    wait_for("plain selection", lambda: program.text_of("Maps:").startswith("0 "))
     program.press("menu item", "Choose A Set...")
     program.wait_for("dialog", "Sets")
     program.press("check box", "Lakes only", "SetFocus")
-    program.press("push button", "Switch To This Set")
-    open_maps(program)
-    wait_for("map of the set", lambda: program.find("check box", "Two Lakes").getState()
-             .contains(pyatspi.STATE_CHECKED))
+    program.leave("Sets", "Switch To This Set")
+    wait_for("map of the set", lambda: program.text_of("Maps:").startswith("1 "))
 
 
-def wish_to_come_back(program):
-    item = program.wait_for("check menu item", "Come Back When The Game Ends")
-    for wished in (True, False):
-        item.queryAction().doAction(0)
-        wait_for(f"check {wished}", lambda: wished == program.find(
-            "check menu item", "Come Back When The Game Ends").getState()
-            .contains(pyatspi.STATE_CHECKED))
+def wish_to_come_back(program, folder):
+    """The check of an item in a closed menu is not told when it changes, but kept on the disk."""
+    for wish in ("Yes", "No"):
+        program.press("menu item", "Come Back When The Game Ends")
+        wait_for(f"wish {wish}", lambda: content(
+            folder + "/Vexillum/VXL-Sel/AfterGame.txt").rstrip().endswith(wish))
 
 
 def remove_map(program):
@@ -263,7 +266,7 @@ def main(folder):
     if content(applied) != "game\n" or not os.path.exists(release):
         sys.exit("The directory was not made plain.")
     take_set(second)
-    wish_to_come_back(second)
+    wish_to_come_back(second, folder)
     remove_map(second)
     second.wait_for_the_end()
     if os.path.exists(folder + "/Vexillum/Map-Two Lakes"):
