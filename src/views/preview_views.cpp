@@ -72,7 +72,7 @@ class PreviewView final : public WindowView {
             filter->selectAll();
         });
         row->addWidget(filter, 1);
-        row->addWidget(checkBox(preview_.chkConflicts));
+        row->addWidget(checkBox(preview_.chkConflicts, 'N'));
         auto* refresh = button(preview_.cmdRefresh, 'R');
         refresh->setToolTip("F5");
         auto* again = new QShortcut(QKeySequence("F5"), this);
@@ -99,7 +99,7 @@ class PreviewView final : public WindowView {
         commands->addWidget(button(preview_.cmdFolder, 'O'));
         commands->addWidget(button(preview_.cmdEverywhere, 'W'));
         commands->addWidget(button(preview_.cmdAsk, 'L'));
-        commands->addWidget(checkBox(preview_.chkRemember));
+        commands->addWidget(checkBox(preview_.chkRemember, 'M'));
         commands->addStretch();
         row->addLayout(commands);
         column->addLayout(row, 1);

@@ -3,8 +3,11 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QScopedValueRollback>
+#include <QToolTip>
 
+#include "cut_text_tip.h"
 #include "tree_access.h"
 #include "views/binding.h"
 
@@ -71,7 +74,6 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
     const auto column = static_cast<std::size_t>(index.column());
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
         return column < row.texts.size() ? shown(row.texts[column]) : QString();
     case Qt::UserRole:
         return shown(row.key);
@@ -207,6 +209,19 @@ void TreeView::showCurrent() {
         setCurrentIndex(index);
     else
         selectionModel()->clear();
+}
+
+/// Where a text is cut, and only there.
+bool TreeView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QTreeView::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const auto index = indexAt(help->pos());
+    if (index.isValid() && sizeHintForIndex(index).width() > visualRect(index).width())
+        QToolTip::showText(help->globalPos(), inLines(index.data().toString(), *this), this);
+    else
+        QToolTip::hideText();
+    return true;
 }
 
 /// To come here is not to pick the first row.

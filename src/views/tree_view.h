@@ -71,6 +71,7 @@ class TreeView final : public QTreeView {
   protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void focusInEvent(QFocusEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
   private:
     const windows::TreeList::Row* rowAt(const QModelIndex& index) const;

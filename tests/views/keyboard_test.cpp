@@ -322,6 +322,15 @@ TEST_F(WindowTest, every_command_has_a_letter_of_its_own) {
     };
     run({
         expectIn("frmMain"),
+        choose("mnuFPreview"),
+        expectIn("frmPreview"),
+        [] { find<QPushButton>("cmdAnswers")->click(); },
+        expectIn("frmAnswers"),
+        close("frmAnswers"),
+        close("frmPreview"),
+        choose("mnuSSwitch"),
+        expectIn("frmSets"),
+        close("frmSets"),
         choose("mnuUfilelister"),
         expectIn("frmFList"),
         close("frmFList"),
