@@ -82,15 +82,18 @@ void frmMain::waitForGame() {
              "safely.\r\n\r\nWould you like to wait until it has ended, go on all the same, or "
              "leave?",
              {"Wait", "Go on", "Leave"}});
+        if (answer == 2 || toolkit().isEnding())
+            endProgram();
         if (answer == 1)
             return;
-        if (answer == 2)
-            endProgram();
         log_.open("Waiting...", "Waiting for the game to end...", LogWindow::Shows::atOnce);
         do
             showLogForASecond();
-        while (showReadme_.visible() && machine_.programs.isRunning(program));
+        while (showReadme_.visible() && !toolkit().isEnding() &&
+               machine_.programs.isRunning(program));
         log_.close();
+        if (toolkit().isEnding())
+            endProgram();
     }
 }
 
