@@ -15,7 +15,7 @@ namespace {
 class DirectoriesView final : public WindowView {
   public:
     DirectoriesView(windows::frmDirectories& window, QtToolkit& toolkit)
-        : WindowView(window, toolkit) {
+        : WindowView(window, toolkit), window_(window) {
         auto* whole = new QVBoxLayout(this);
         whole->setContentsMargins(margin, margin, margin, margin);
         whole->setSpacing(gap);
@@ -50,6 +50,14 @@ class DirectoriesView final : public WindowView {
         return true;
     }
 
+    /// It stands alone at a first start, where Escape leads out of it as well.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape)
+            post(windows::escape(window_));
+        else
+            WindowView::keyPressEvent(event);
+    }
+
   private:
     QLayout* foot(windows::frmDirectories& window) {
         auto* row = tight<QHBoxLayout>();
@@ -70,6 +78,7 @@ class DirectoriesView final : public WindowView {
                 list_->setCurrentIndex(list_->model()->index(row, 0));
     }
 
+    windows::frmDirectories& window_;
     MarkListView* list_ = nullptr;
 };
 

@@ -14,8 +14,14 @@
 namespace windows {
 namespace {
 
-bool isAmong(const std::vector<std::string>& directories, const std::string& directory) {
-    return std::find(directories.begin(), directories.end(), directory) != directories.end();
+/// The directory as it is listed: links may lead to one by several names.
+std::optional<std::string> listedAs(const std::vector<std::string>& directories,
+                                    const std::string& directory) {
+    const auto real = platform::realFolder(directory);
+    const auto at = std::find_if(directories.begin(), directories.end(), [&](const auto& each) {
+        return each == directory || platform::realFolder(each) == real;
+    });
+    return at == directories.end() ? std::nullopt : std::optional(*at);
 }
 
 } // namespace
@@ -56,12 +62,17 @@ void frmDirectories::gather() {
 void frmDirectories::fill() {
     auto all = known_;
     for (const auto& directory : found_)
-        if (!isAmong(all, directory))
+        if (!listedAs(all, directory))
             all.push_back(directory);
-    if (!current_.empty() && !isAmong(all, current_))
-        all.insert(all.begin(), current_);
-    if (!chosen_ || !isAmong(all, *chosen_))
-        chosen_ = all.empty() ? std::nullopt : std::optional(all.front());
+    if (!current_.empty()) {
+        if (!listedAs(all, current_))
+            all.insert(all.begin(), current_);
+        current_ = *listedAs(all, current_);
+    }
+    if (chosen_)
+        chosen_ = listedAs(all, *chosen_);
+    if (!chosen_ && !all.empty())
+        chosen_ = all.front();
     std::vector<MarkList::Item> items;
     for (const auto& directory : all)
         items.push_back({directory, directory == chosen_});
@@ -78,7 +89,7 @@ void frmDirectories::choose(const std::string& directory) {
 }
 
 bool frmDirectories::isKnown(const std::string& directory) const {
-    return isAmong(known_, directory);
+    return listedAs(known_, directory).has_value();
 }
 
 std::string frmDirectories::about(const std::string& directory) const {

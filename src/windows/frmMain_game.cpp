@@ -37,6 +37,9 @@ void frmMain::readWrapper() {
         warn("What the game is to be started with could not be read, so it starts "
              "alone:\r\n\r\n" +
              failure);
+    const auto reason = platform::reasonAgainstWrapper(wrapper_);
+    if (!reason.empty())
+        warn("The game cannot be started with \"" + wrapper_ + "\".\r\n\r\n" + reason);
 }
 
 /// One that could not run the game is asked for once more.
