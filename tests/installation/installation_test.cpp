@@ -81,8 +81,8 @@ TEST(FindDirectories, a_place_without_end_does_not_keep_the_others_from_their_tu
 TEST(KnownDirectories, are_kept_in_the_order_of_their_use) {
     const test::Game game;
     const auto disk = platform::makeDisk();
-    const auto one = game.folder();
-    const auto other = game.folder() + "/other";
+    const auto one = platform::absoluteFolder(game.folder());
+    const auto other = platform::absoluteFolder(game.folder() + "/other");
     KnownDirectories known(*disk, game.folder() + "/new/settings");
     EXPECT_EQ(known.all(), Paths{});
     known.use(one);

@@ -33,15 +33,17 @@ std::unique_ptr<windows::Toolkit> withoutScreen(headless::Script& script,
 }
 
 Installed::Installed(const Game& game)
-    : disk_(platform::makeDisk()), installation(*disk_,
-                                                {game.folder() + "/home",
-                                                 game.folder() + "/home",
-                                                 game.folder() + "/home/.config/vexillum",
-                                                 game.folder() + "/home/.local/share",
-                                                 "",
-                                                 {}},
-                                                game.folder() + "/bin", "vexillum", VEXILLUM_DATA) {
-}
+    : disk_(platform::makeDisk()),
+      installation(
+          *disk_,
+          [&] {
+              const auto home = platform::absoluteFolder(game.folder() + "/home");
+              platform::UserPlaces places;
+              places.current = places.home = home;
+              places.settings = platform::absoluteFolder(home + "/.config/vexillum");
+              return places;
+          }(),
+          platform::absoluteFolder(game.folder() + "/bin"), "vexillum", VEXILLUM_DATA) {}
 
 Session play(const Game& game, const std::string& script, const Play& how) {
     Session session;

@@ -29,6 +29,8 @@ int showCommand(StartWindow window) {
     }
 }
 
+/// ERROR_ELEVATION_REQUIRED, which MinGW has no name for.
+constexpr DWORD elevationRequired = 740;
 constexpr auto handedOverVariable = L"VEXILLUM_HANDED_OVER";
 /// What Windows lets one variable have.
 constexpr std::size_t longestVariable = 32'000;
@@ -72,7 +74,7 @@ class WindowsPrograms final : public Programs {
         const auto error =
             program->start(path, std::move(commandLine), path.substr(0, path.rfind(L'\\') + 1),
                            static_cast<WORD>(showCommand(command.window)));
-        if (error == ERROR_ELEVATION_REQUIRED) {
+        if (error == elevationRequired) {
             if (HANDLE process = startByShell(command, SEE_MASK_NOCLOSEPROCESS); process != nullptr)
                 program->watch(process);
         } else if (error != ERROR_SUCCESS) {
