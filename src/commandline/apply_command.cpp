@@ -101,9 +101,12 @@ void save(Workspace& work, const cycle::Set& selected) {
 
 /// Null where it could not be started, or is not to be waited for.
 std::unique_ptr<platform::RunningProgram> startGame(Workspace& work) {
-    const platform::Command game{platform::Command::Kind::program,
-                                 work.game.at(releases::gameProgram), "",
-                                 platform::StartWindow::normal};
+    platform::Command game{platform::Command::Kind::program, work.game.at(releases::gameProgram),
+                           "", platform::StartWindow::normal};
+    if (const auto unread = cycle::readWrapper(work.game, game.wrapper); !unread.empty())
+        work.questions.warn("What the game is to be started with could not be read, so it starts "
+                            "alone: " +
+                            unread);
     try {
         if (work.line.wait)
             return work.machine.programs.startWatched(game);

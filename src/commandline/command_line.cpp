@@ -41,6 +41,10 @@ constexpr std::array verbs = {
              "changes the saved selection"},
     VerbInfo{Verb::check, "check", "", 0, 0, " json directory ", "",
              "looks whether all is where it should be, and changes nothing"},
+    VerbInfo{Verb::setUp, "setup", "", 0, 0, " directory ", " directory ",
+             "makes a game directory ready for an installed Vexillum"},
+    VerbInfo{Verb::directories, "directories", "", 0, 0, " json ", "",
+             "tells the game directories that were used, the last one first"},
     VerbInfo{Verb::version, "version", "", 0, 0, "", "", "tells the version"},
     VerbInfo{Verb::help, "help", "", 0, 0, "", "", "tells this"},
 };
@@ -58,7 +62,9 @@ constexpr std::array options = {
     OptionInfo{"wait", "", "waits until the game has ended, then resets"},
     OptionInfo{"yes", "", "answers every open question with Yes"},
     OptionInfo{"no", "", "answers every open question with No"},
-    OptionInfo{"directory", "DIR", "the game directory, if that is not the program's own folder"},
+    OptionInfo{"directory", "DIR",
+               "the game directory; without it the program's own folder, or for an "
+               "installed one the directory used last"},
 };
 
 constexpr std::string_view assignments =
@@ -68,10 +74,11 @@ constexpr std::string_view assignments =
   map=NAME              that map alone; likewise race, mod and unit. Without NAME none
   map+=NAME  map-=NAME  one more, one less
   modifier=on|off  compress=on|off  small=on|off
+  wrapper=COMMAND       what the game is started with, such as gamemoderun; without COMMAND nothing
 )";
 
 constexpr std::string_view endings =
-    R"(Without a command the catalogue opens. What a command ends with: 0 done, 1 something could not be
+    R"(Without a command, or with --directory alone, the catalogue opens. What a command ends with: 0 done, 1 something could not be
 done (it is said what), 2 wrong use, or a question that neither --yes nor --no answers: then nothing
 was changed.
 )";

@@ -8,7 +8,21 @@
 
 namespace commandline {
 
-enum class Verb { list, plan, apply, launch, reset, add, remove, set, check, version, help };
+enum class Verb {
+    list,
+    plan,
+    apply,
+    launch,
+    reset,
+    add,
+    remove,
+    set,
+    check,
+    setUp,
+    directories,
+    version,
+    help
+};
 
 struct CommandLine {
     Verb verb = Verb::help;

@@ -32,6 +32,8 @@ Command commandOf(Verb verb) {
         return set;
     case Verb::check:
         return check;
+    case Verb::setUp:
+    case Verb::directories:
     case Verb::version:
     case Verb::help:
         break;
@@ -44,6 +46,10 @@ ExitCode carryOut(const Machine& machine, const CommandLine& line) {
         Workspace work(machine, line);
         return command(work);
     }
+    if (line.verb == Verb::setUp)
+        return setUp(machine, line);
+    if (line.verb == Verb::directories)
+        return directories(machine, line);
     machine.output << (line.verb == Verb::help ? usage() : "Vexillum " VEXILLUM_VERSION "\n");
     return done;
 }
@@ -59,9 +65,24 @@ ExitCode tell(const Machine& machine, const WrongUse& use) {
 
 } // namespace
 
-bool isCommand(const std::vector<std::string>& arguments) {
+std::optional<WindowsLine> windowsLine(std::vector<std::string> arguments) {
+    WindowsLine line;
     // This one stands for the window's own menu item.
-    return !arguments.empty() && arguments != std::vector<std::string>{"--WIDCF"};
+    if (!arguments.empty() && arguments.back() == "--WIDCF") {
+        line.rest = arguments.back();
+        arguments.pop_back();
+    }
+    constexpr std::string_view option = "--directory";
+    constexpr auto assignment = "--directory=";
+    if (arguments.size() == 1 && arguments[0].starts_with(assignment))
+        line.directory = arguments[0].substr(option.size() + 1);
+    else if (arguments.size() == 2 && arguments[0] == option && !arguments[1].starts_with("--"))
+        line.directory = arguments[1];
+    else if (!arguments.empty())
+        return std::nullopt;
+    if (line.directory && line.directory->empty())
+        return std::nullopt;
+    return line;
 }
 
 ExitCode run(const Machine& machine, const std::vector<std::string>& arguments) {

@@ -99,6 +99,17 @@ void setMany(const Workspace& work, cycle::Selection& selection, const releases:
         selection.add(info.type, release);
 }
 
+/// What runs the game is none of the selection's. Throws WrongUse.
+std::optional<std::string> wrapperOf(const Assignment& assignment) {
+    if (!platform::equalIgnoringCase(assignment.name, "wrapper"))
+        return std::nullopt;
+    const auto reason = platform::reasonAgainstWrapper(assignment.value);
+    if (assignment.how != How::exactly || !reason.empty())
+        throw WrongUse{"The game cannot be started by \"" + assignment.text + "\". " + reason,
+                       Verb::set};
+    return assignment.value;
+}
+
 void carryOut(const Workspace& work, cycle::Selection& selection, const Assignment& assignment) {
     if (setModifier(selection.modifier, assignment))
         return;
@@ -118,11 +129,24 @@ ExitCode set(Workspace& work) {
     std::vector<Assignment> assignments;
     for (const auto& text : work.line.operands)
         assignments.push_back(assignmentOf(text));
+    std::optional<std::string> wrapper;
+    std::erase_if(assignments, [&](const auto& each) {
+        auto given = wrapperOf(each);
+        if (given)
+            wrapper = std::move(given);
+        return given.has_value();
+    });
+    if (assignments.empty()) {
+        cycle::saveWrapper(work.game, wrapper.value_or(""));
+        return done;
+    }
     work.refuseApplied("another selection");
     auto selection = work.savedSelection();
     for (const auto& assignment : assignments)
         carryOut(work, selection, assignment);
     cycle::saveSels(work.game, selection);
+    if (wrapper)
+        cycle::saveWrapper(work.game, *wrapper);
     return work.questions.told() == 0 ? done : failed;
 }
 

@@ -17,4 +17,8 @@ ExitCode remove(Workspace& work);
 ExitCode set(Workspace& work);
 ExitCode check(Workspace& work);
 
+// Without a game directory that is ready.
+ExitCode setUp(const Machine& machine, const CommandLine& line);
+ExitCode directories(const Machine& machine, const CommandLine& line);
+
 } // namespace commandline

@@ -24,6 +24,10 @@ std::unique_ptr<platform::InstanceLock> lockOf(const std::string& folder) {
 Workspace::Workspace(const Machine& theMachine, const CommandLine& theLine)
     : machine(theMachine), line(theLine), log(machine.output),
       questions(machine.errors, line.answer), game(machine.disk, log, questions), store(game) {
+    if (!line.directory && machine.gameDirectory.empty())
+        throw Stop{failed,
+                   "No game directory is known yet. Name one with --directory; --setup makes "
+                   "it ready."};
     const auto folder =
         line.directory ? platform::absoluteFolder(*line.directory) : machine.gameDirectory;
     if (machine.disk.kindOf(folder) != platform::EntryKind::folder)

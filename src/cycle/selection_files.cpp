@@ -13,6 +13,8 @@ namespace {
 constexpr std::string_view modifierFile = "selTrlx.txt";
 constexpr std::string_view answersFile = "Answers.txt";
 constexpr std::string_view afterGameFile = "AfterGame.txt";
+constexpr std::string_view wrapperFile = "Wrapper.txt";
+constexpr std::string_view wrapperIs = "Start the game with: ";
 constexpr std::string_view comesBackIs = "Come back when the game ends: ";
 
 std::string pathOf(const releases::GameDirectory& game, std::string_view file) {
@@ -84,6 +86,21 @@ void saveComesBack(const releases::GameDirectory& game, bool comesBack) {
     game.disk().replaceFile(pathOf(game, afterGameFile), std::string(comesBackIs) +
                                                              (comesBack ? "Yes" : "No") +
                                                              std::string(platform::lineBreak));
+}
+
+std::string readWrapper(const releases::GameDirectory& game, std::string& wrapper) {
+    wrapper.clear();
+    return readIfThere(game, pathOf(game, wrapperFile), [&](const auto& text) {
+        for (const auto& line : platform::splitLines(text))
+            if (platform::equalIgnoringCase(line.substr(0, wrapperIs.size()), wrapperIs))
+                wrapper = line.substr(wrapperIs.size());
+    });
+}
+
+void saveWrapper(const releases::GameDirectory& game, const std::string& wrapper) {
+    game.disk().replaceFile(pathOf(game, wrapperFile), std::string(wrapperIs) +
+                                                           platform::inOneLine(wrapper) +
+                                                           std::string(platform::lineBreak));
 }
 
 void saveAnswers(const releases::GameDirectory& game, const Decisions& answers) {

@@ -32,8 +32,11 @@ std::string shownCommand(const Command& command, Disk& disk) {
     const auto path = shownPath(command.target);
     if (command.kind == Command::Kind::open)
         return std::string(opener) + " \"" + path + "\"";
-    return (needsWine(disk.systemPath(command.target)) ? "wine " : "") + path +
-           (command.arguments.empty() ? "" : " " + command.arguments);
+    auto text = command.wrapper.empty() ? "" : command.wrapper + " ";
+    text += (needsWine(disk.systemPath(command.target)) ? "wine " : "") + path;
+    for (const auto& word : command.words)
+        text += word.find(' ') == std::string::npos ? " " + word : " \"" + word + "\"";
+    return text + (command.arguments.empty() ? "" : " " + command.arguments);
 }
 
 } // namespace platform

@@ -174,6 +174,7 @@ QMenuBar* MainView::menuBar() {
         addBinding(*item, [this, item, action] {
             action->setEnabled(takesInput(*item));
             action->setChecked(item->checked());
+            action->setVisible(item->visible());
         });
         connect(action, &QAction::triggered, this, [this, item, action] {
             // The logic turns the check over, not the click.

@@ -1,6 +1,7 @@
 // Which view belongs to which window.
 #include <stdexcept>
 
+#include "directories_view.h"
 #include "main_view.h"
 #include "preview_views.h"
 #include "sets_view.h"
@@ -27,6 +28,8 @@ std::unique_ptr<WindowView> makeView(windows::Window& window, QtToolkit& toolkit
         return makeTamView(*tam, toolkit);
     if (auto* sets = dynamic_cast<windows::frmSets*>(&window))
         return makeSetsView(*sets, toolkit);
+    if (auto* directories = dynamic_cast<windows::frmDirectories*>(&window))
+        return makeDirectoriesView(*directories, toolkit);
     if (auto* working = dynamic_cast<windows::frmWorking*>(&window))
         return makeWorkingView(*working, toolkit);
     throw std::logic_error("no layout for the window " + window.name());

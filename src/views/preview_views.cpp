@@ -54,6 +54,10 @@ class PreviewView final : public WindowView {
         column->addLayout(foot);
         setMinimumSize(480, 360);
         resize(900, 640);
+        const char* order[] = {"filter", "chkConflicts", "cmdRefresh", "treFiles", "treRivals",
+                               "cmdFile"};
+        for (std::size_t i = 1; i < std::size(order); ++i)
+            setTabOrder(findChild<QWidget*>(order[i - 1]), findChild<QWidget*>(order[i]));
         files->setFocus();
     }
 
@@ -78,7 +82,6 @@ class PreviewView final : public WindowView {
         auto* again = new QShortcut(QKeySequence("F5"), this);
         connect(again, &QShortcut::activated, refresh, &QPushButton::click);
         row->addWidget(refresh);
-        setTabOrder(refresh, files);
         return row;
     }
 

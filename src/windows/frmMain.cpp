@@ -74,6 +74,10 @@ void frmMain::wire() {
     mnuFRevert.onClick = [this] { cmdRevert_Click(); };
     mnuFComeBack.makeCheckable();
     mnuFComeBack.onClick = [this] { mnuFComeBack_Click(); };
+    mnuFWrapper.onClick = [this] { mnuFWrapper_Click(); };
+    mnuFWrapper.setVisible(platform::takesWrappers());
+    mnuFDirectory.onClick = [this] { mnuFDirectory_Click(); };
+    offerDirectories();
     mnuFExitVXL.onClick = [this] { Form_Unload(); };
     mnuFCweapon.onClick = [this] { mnuFCweapon_Click(); };
     mnuHVXLHelp.onClick = [this] { openHelp("Index"); };

@@ -31,6 +31,49 @@ void frmMain::mnuFComeBack_Click() {
     }
 }
 
+void frmMain::readWrapper() {
+    const auto failure = cycle::readWrapper(game_, wrapper_);
+    if (!failure.empty())
+        warn("What the game is to be started with could not be read, so it starts "
+             "alone:\r\n\r\n" +
+             failure);
+    const auto reason = platform::reasonAgainstWrapper(wrapper_);
+    if (!reason.empty())
+        warn("The game cannot be started with \"" + wrapper_ + "\".\r\n\r\n" + reason);
+}
+
+/// One that could not run the game is asked for once more.
+void frmMain::mnuFWrapper_Click() {
+    auto wrapper = wrapper_;
+    for (std::string reason = "?"; !reason.empty();) {
+        const auto answer = toolkit().askForText(
+            {"Please Enter The Command That The Game Is To Be Started With, Such As "
+             "\"gamemoderun\" Or \"prime-run\". Without One It Starts Alone:",
+             "Start The Game With", wrapper});
+        if (!answer)
+            return;
+        wrapper = *answer;
+        reason = platform::reasonAgainstWrapper(wrapper);
+        if (!reason.empty())
+            warn("The game cannot be started with this.\r\n\r\n" + reason);
+    }
+    wrapper_ = wrapper;
+    try {
+        cycle::saveWrapper(game_, wrapper_);
+    } catch (const platform::Failure& failure) {
+        warn(std::string("This setting could not be remembered.\r\n\r\n") + failure.what());
+    }
+}
+
+platform::Command frmMain::gameCommand() const {
+    return {platform::Command::Kind::program,
+            game_.at(releases::gameProgram),
+            "",
+            platform::StartWindow::normal,
+            "",
+            wrapper_};
+}
+
 /// Whatever becomes of this program while it waits, the next start finds what a launch leaves
 /// without it.
 void frmMain::playAndComeBack() {
@@ -45,8 +88,7 @@ void frmMain::playAndComeBack() {
     const std::string name(releases::gameProgram);
     std::optional<platform::Failure> failure;
     try {
-        waitForEnd(*machine_.programs.startWatched(
-            {platform::Command::Kind::program, game_.at(name), "", platform::StartWindow::normal}));
+        waitForEnd(*machine_.programs.startWatched(gameCommand()));
     } catch (const platform::Failure& why) {
         failure = why;
     }

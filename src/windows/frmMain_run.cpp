@@ -49,7 +49,7 @@ void frmMain::Init() {
     widcfRun = machine_.commandLine == scanSwitch;
     if (widcfRun) {
         mnuFCweapon_Click();
-        startProgram("Vexillum.exe");
+        startVexillum(game_.TADir());
         endProgram();
     }
     waitForGame();
@@ -58,6 +58,7 @@ void frmMain::Init() {
     readSelection();
     readAnswers();
     readComesBack();
+    readWrapper();
     resetGameDirectory();
     takeBackCleared();
 }
@@ -237,7 +238,7 @@ void frmMain::cmdGo_Click() {
         return;
     if (comesBack_)
         return playAndComeBack();
-    startProgram(std::string(releases::gameProgram));
+    startProgram(gameCommand(), std::string(releases::gameProgram));
     saveSelsOrTell();
     endProgram();
 }
@@ -256,7 +257,7 @@ void frmMain::mnuFCweapon_Click() {
         if (!moveFiles())
             return;
         saveSelsOrTell();
-        startProgram("Vexillum.exe", scanSwitch);
+        startVexillum(game_.TADir(), scanSwitch);
         endProgram();
     }
     showWorking();
@@ -272,7 +273,7 @@ void frmMain::RestartVXL(bool askUser) {
         return;
     revertSels(true);
     saveSelsOrTell();
-    startProgram("Vexillum.exe", {}, cleared_ ? cycle::textOf(cleared_->selection) : "");
+    startVexillum(game_.TADir(), {}, cleared_ ? cycle::textOf(cleared_->selection) : "");
     endProgram();
 }
 
@@ -285,18 +286,6 @@ void frmMain::saveSelsOrTell() {
         saveSels();
     } catch (const platform::Failure& failure) {
         warn(std::string("The selection could not be saved.\r\n\r\n") + failure.what());
-    }
-}
-
-void frmMain::startProgram(const std::string& name, const std::string& arguments,
-                           const std::string& handedOver) {
-    if (toolkit().isEnding())
-        return;
-    try {
-        machine_.programs.start({platform::Command::Kind::program, game_.at(name), arguments,
-                                 platform::StartWindow::normal, handedOver});
-    } catch (const platform::Failure& failure) {
-        warnNotStarted(name, failure);
     }
 }
 

@@ -3,7 +3,7 @@
 # stand below it in this list, so there can be no circle. WINDOWS is ON where Qt is built.
 set -u
 cd "$(dirname "$0")/../.."
-rooms=(platform formats releases cycle menumod conflict commandline windows headless views vexillum)
+rooms=(platform formats releases installation cycle menumod conflict commandline windows headless views vexillum)
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cmake -G Ninja -S . -B "$folder/build" -DVEXILLUM_WINDOWS="$1" --graphviz="$folder/graph.dot" \

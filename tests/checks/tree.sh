@@ -17,12 +17,12 @@ rule() {
 # What a room may include is told by the libraries that it links; these are the headers of the system
 # and of Qt, which every room could see.
 rule "Only views/ and main.cpp know Qt:" '#include *<(Q[A-Z]|Qt)' \
-    src/platform src/formats src/releases src/cycle src/menumod src/conflict src/commandline \
-    src/windows src/headless
+    src/platform src/formats src/releases src/installation src/cycle src/menumod src/conflict \
+    src/commandline src/windows src/headless
 rule "Only platform/ knows the machine:" \
     '#include *<(filesystem|fstream|unistd\.h|fcntl\.h|dirent\.h|windows\.h|sys/)' \
-    src/formats src/releases src/cycle src/menumod src/conflict src/commandline src/windows \
-    src/headless src/views \
+    src/formats src/releases src/installation src/cycle src/menumod src/conflict src/commandline \
+    src/windows src/headless src/views \
     src/main.cpp
 rule "windows.h belongs into platform/windows/ alone:" '#include *<windows\.h>' \
     src/platform/*.cpp src/platform/*.h src/platform/include src/platform/posix

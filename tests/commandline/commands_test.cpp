@@ -140,17 +140,38 @@ TEST_F(CommandsTest, wrong_use_is_told_in_a_line_and_changes_nothing) {
         {{"--set", "tc+=x"}, "\"tc+=x\": there is always one Total Conversion."},
         {{"--set", "map+="}, "\"map+=\" lacks a name."},
         {{"--check", "--no"}, "\"--check\" does not take \"--no\"."},
+        {{"--directory"}, "\"--directory DIR\" lacks its value."},
+        {{"--directory="}, "\"--directory DIR\" lacks its value."},
+        {{"--directory", "--json"}, "\"--directory DIR\" lacks its value."},
+        {{"--directory=x", "y"}, "There is no command: \"y\"."},
+        {{"--setup"}, "\"--setup\" needs \"--directory DIR\"."},
+        {{"--set", "wrapper+=nice"}, "The game cannot be started by \"wrapper+=nice\"."},
     };
     const auto before = game.content("Vexillum/VXL-Sel/selTrlx.txt");
     for (const auto& row : rows) {
-        EXPECT_TRUE(isCommand(row.arguments));
+        EXPECT_FALSE(windowsLine(row.arguments));
         EXPECT_EQ(give(row.arguments), wrongUsage) << row.told;
         EXPECT_THAT(errors.str(), testing::StartsWith(row.told));
         EXPECT_EQ(output.str(), "") << row.told;
     }
     EXPECT_EQ(game.content("Vexillum/VXL-Sel/selTrlx.txt"), before);
-    EXPECT_FALSE(isCommand({}));
-    EXPECT_FALSE(isCommand({"--WIDCF"})) << "it needs the window";
+}
+
+TEST(CommandLine, of_the_windows_names_a_directory_at_most) {
+    using Words = std::vector<std::string>;
+    struct Row {
+        Words arguments;
+        const char* directory;
+        const char* rest;
+    };
+    for (const auto& row : {Row{{}, "none", ""}, Row{{"--WIDCF"}, "none", "--WIDCF"},
+                            Row{{"--directory", "a b"}, "a b", ""},
+                            Row{{"--directory=a=b", "--WIDCF"}, "a=b", "--WIDCF"}}) {
+        const auto line = windowsLine(row.arguments);
+        ASSERT_TRUE(line) << row.directory;
+        EXPECT_EQ(line->directory.value_or("none"), row.directory);
+        EXPECT_EQ(line->rest, row.rest);
+    }
 }
 
 TEST_F(CommandsTest, options_stand_in_any_order_and_in_either_form) {

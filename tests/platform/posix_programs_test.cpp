@@ -10,6 +10,7 @@
 #include "platform/disk.h"
 #include "platform/failure.h"
 #include "platform/programs.h"
+#include "platform/text.h"
 #include "support/game.h"
 #include "support/system.h"
 
@@ -51,6 +52,127 @@ TEST(Programs, a_helper_that_is_missing_is_named_with_its_package) {
     ::setenv("PATH", path.c_str(), 1);
     EXPECT_NE(wine.find("the package is called \"wine\""), std::string::npos) << wine;
     EXPECT_NE(opener.find("the package is called \"xdg-utils\""), std::string::npos) << opener;
+}
+
+/// A wine that notes what it gets, and the tools that it needs for that.
+class WinePrograms : public testing::Test {
+  protected:
+    WinePrograms() {
+        makeProgram("bin/wine",
+                    "#!/bin/sh\nexec >\"$OUT/part\"\nfor w in "
+                    "\"$WINEPREFIX\" \"$A\" \"$@\"; do echo \"$w\"; done\n"
+                    "mv \"$OUT/part\" \"$OUT/told\"\nexec sleep \"${SECONDS_TO_RUN:-0}\"\n");
+        makeProgram("bin/prime-run", "#!/bin/sh\nexec \"$@\"\n");
+        ::setenv("OUT", game.folder().c_str(), 1);
+        ::setenv("PATH", (game.folder() + "/bin:" + before).c_str(), 1);
+        ::setenv("WINEPREFIX", "/elsewhere", 1);
+    }
+    ~WinePrograms() override {
+        ::setenv("PATH", before.c_str(), 1);
+        for (const auto* variable : {"OUT", "WINEPREFIX", "SECONDS_TO_RUN"})
+            ::unsetenv(variable);
+    }
+
+    void makeProgram(const std::string& path, const std::string& text) const {
+        game.put(path, text);
+        std::filesystem::permissions(game.at(path), std::filesystem::perms::owner_all);
+    }
+
+    /// What wine got: prefix, A, and its arguments, a line each, with GAME for the directory.
+    std::string told() const {
+        for (int tries = 0; tries < 300 && !game.has("told"); ++tries)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return replaceAll(game.content("told").value_or("nothing"), game.folder(), "GAME");
+    }
+
+    const std::string before = std::getenv("PATH") == nullptr ? "" : std::getenv("PATH");
+    test::Game game;
+    std::unique_ptr<Disk> disk = makeDisk();
+    std::unique_ptr<Programs> programs = makePrograms(*disk);
+};
+
+TEST_F(WinePrograms, get_the_prefix_that_they_lie_in_and_what_the_wrapper_says) {
+    game.put("home/.wine/system.reg");
+    game.put("home/.wine/drive_c/My Games/ta.exe", "MZ");
+    game.put("home/new/drive_c/ta.exe", "MZ");
+    game.makeFolder("bottle/dosdevices");
+    game.put("bottle/games/ta.exe", "MZ");
+    game.put("plain/ta.exe", "MZ");
+    ASSERT_TRUE(test::makeLink(game.at("home/.wine/drive_c/My Games"), game.at("linked")));
+    struct Row {
+        const char* program;
+        const char* wrapper;
+        const char* told;
+    };
+    for (const auto& row :
+         {Row{"home/.wine/drive_c/My Games/ta.exe", "", "GAME/home/.wine\n\n"},
+          Row{"home/new/drive_c/ta.exe", "A='b c'", "GAME/home/new\nb c\n"},
+          Row{"bottle/games/ta.exe", "env A=1 prime-run", "GAME/bottle\n1\n"},
+          Row{"linked/ta.exe", " A=\\ \tprime-run env A=2 ", "GAME/home/.wine\n2\n"},
+          Row{"home/new/drive_c/ta.exe", "WINEPREFIX=/mine", "/mine\n\n"},
+          Row{"plain/ta.exe", "", "/elsewhere\n\n"}}) {
+        game.remove("told");
+        const auto path = game.folder() + "/" + row.program;
+        programs->start({Command::Kind::program,
+                         path,
+                         "",
+                         StartWindow::normal,
+                         "",
+                         row.wrapper,
+                         {"one word", "two"}});
+        EXPECT_EQ(told(), std::string(row.told) + "GAME/" + row.program + "\none word\ntwo\n")
+            << row.wrapper;
+    }
+}
+
+TEST_F(WinePrograms, are_seen_to_run_under_a_wrapper_and_behind_a_link) {
+    game.put("real/ta.exe", "MZ");
+    ASSERT_TRUE(test::makeLink(game.at("real"), game.at("linked")));
+    ::setenv("SECONDS_TO_RUN", "1", 1);
+    // A shell stands for wine, with the game's name among its arguments.
+    makeProgram("bin/wine", "#!/bin/sh\n\"" + test::sleeper().string() + "\" 1\ntrue\n");
+    const auto path = game.folder() + "/linked\\TA.EXE";
+    const auto program = programs->startWatched(
+        {Command::Kind::program, path, "", StartWindow::normal, "", "A=1 prime-run"});
+    bool wasSeen = false;
+    for (int look = 0; look < 500 && program->isRunning(); ++look) {
+        wasSeen = wasSeen || programs->isRunning(path);
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    EXPECT_TRUE(wasSeen);
+    EXPECT_FALSE(program->isRunning());
+    EXPECT_FALSE(programs->isRunning(path));
+}
+
+TEST_F(WinePrograms, that_a_wrapper_cannot_run_are_refused_with_the_reason) {
+    std::filesystem::remove(game.at("bin/prime-run"));
+    struct Row {
+        const char* wrapper;
+        const char* reason;
+    };
+    for (const auto& row : {Row{"", ""}, Row{"A=1", ""}, Row{"nice -n 5", ""},
+                            Row{"nice prime-run", "the package is called \"nvidia-prime\""},
+                            Row{"gamemoderun", "the package is called \"gamemode\""},
+                            Row{"1=A", "There is no command \"1=A\""},
+                            Row{"./none", "There is no command"}, Row{"\"nice", "stands open"}}) {
+        const auto reason = reasonAgainstWrapper(row.wrapper);
+        EXPECT_NE(reason.find(row.reason), std::string::npos) << row.wrapper << ": " << reason;
+        EXPECT_EQ(reason.empty(), row.reason[0] == '\0') << row.wrapper << ": " << reason;
+    }
+    game.put("ta.exe", "MZ");
+    const auto path = game.folder() + "/ta.exe";
+    EXPECT_THROW(programs->start(
+                     {Command::Kind::program, path, "", StartWindow::normal, "", "nice prime-run"}),
+                 Failure);
+    // The wrapper is there, and what it would run is not.
+    makeProgram("tools/nice", "#!/bin/sh\n");
+    ::setenv("PATH", game.at("tools").c_str(), 1);
+    try {
+        programs->start({Command::Kind::program, path, "", StartWindow::normal, "", "nice"});
+        ADD_FAILURE() << "started without wine";
+    } catch (const Failure& failure) {
+        EXPECT_NE(failure.reason().find("the package is called \"wine\""), std::string::npos);
+    }
 }
 
 /// The game is a script here, with the sleeper as $S.

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "headless/session.h"
+#include "installation/installation.h"
 #include "platform/disk.h"
 #include "support/game.h"
 
@@ -32,6 +33,20 @@ struct Play {
     int looksWhileGameRuns = 0;    ///< at the start
     int looksWhilePlaying = 0;     ///< while the program waits for the end of the game
     std::string startFailure = {}; ///< why no program can be started
+    /// The program lies outside the game directory, which holds a home folder.
+    bool isInstalled = false;
+};
+
+/// What an installed program knows of its user, whose home is the folder "home".
+class Installed {
+  public:
+    explicit Installed(const Game& game);
+
+  private:
+    std::unique_ptr<platform::Disk> disk_;
+
+  public:
+    installation::Installation installation;
 };
 
 /// What cut a session short, or how it ended.

@@ -62,8 +62,12 @@ Session playCommand(const Game& game, const std::string& commandLine, const Play
     programs.looksWhileRunning = how.looksWhileGameRuns;
     programs.looksWhileWatched = how.looksWhilePlaying;
     programs.failure = how.startFailure;
-    const auto code = commandline::run({*how.disk, programs, game.folder(), output, errors},
-                                       wordsOf(commandLine));
+    Installed installed(game);
+    auto& installation = installed.installation;
+    const auto code = commandline::run(
+        {*how.disk, programs, how.isInstalled ? installation.usual().value_or("") : game.folder(),
+         output, errors, how.isInstalled ? &installation : nullptr},
+        wordsOf(commandLine));
     session.events.push_back({{"event", "exit"}, {"code", std::to_string(code)}});
     return session;
 }

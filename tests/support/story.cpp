@@ -17,6 +17,8 @@
 //   #= CONTROL[.FIELD] TEXT  the state at this place of the script
 //   #: has PATH [= TEXT], #: no PATH
 //   #: same PATH PATH        two files are equal
+//   #: installed             the program lies in the folder "bin" from here on, beside a "home"
+//   #: where wrappers run    elsewhere the story is passed over
 //   #: where case counts     elsewhere the story is passed over
 //   #: plain                 every file is as it was before the first session
 #include "support/story.h"
@@ -35,6 +37,7 @@
 
 #include "packing/archive_writer.h"
 #include "platform/failure.h"
+#include "platform/programs.h"
 #include "platform/text.h"
 #include "support/faulty_disk.h"
 #include "support/play.h"
@@ -64,7 +67,9 @@ class Story {
             ++lineNumber_;
             if (line == "#: where case counts" && !tellsCaseApart)
                 GTEST_SKIP() << "no folder here holds names that differ in case alone";
-            if (line.starts_with("#: ") && line != "#: where case counts")
+            if (line == "#: where wrappers run" && !platform::takesWrappers())
+                GTEST_SKIP() << "the system has no programs that run others";
+            if (line.starts_with("#: ") && !line.starts_with("#: where "))
                 direct(line.substr(3));
             else if (line.starts_with("#> "))
                 expectations_.push_back({expectedHere(line.substr(3)), 0, where()});
@@ -136,7 +141,9 @@ class Story {
         // The clock for files may stand still for some milliseconds.
         if (sessions_ > 0)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        if (word == "file")
+        if (line == "installed")
+            isInstalled_ = true;
+        else if (word == "file")
             game_.put(rest, text);
         else if (word == "folder")
             game_.makeFolder(rest);
@@ -225,7 +232,8 @@ class Story {
         });
         Session session;
         try {
-            const Play how{commandLine_, &faulty, makeToolkit_, running_, playing_, startFailure_};
+            const Play how{commandLine_, &faulty,       makeToolkit_, running_,
+                           playing_,     startFailure_, isInstalled_};
             session = isCommand_ ? playCommand(game_, commandLine_, how)
                                  : test::play(game_, script_, how);
         } catch (const PowerCut&) {
@@ -297,6 +305,7 @@ class Story {
     int sessions_ = 0;
     bool started_ = false;
     bool isCommand_ = false;
+    bool isInstalled_ = false;
     std::string commandLine_;
     std::string script_;
     std::vector<Expectation> expectations_;

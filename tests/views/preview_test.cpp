@@ -104,6 +104,8 @@ TEST_F(PreviewTest, folders_stay_as_a_hand_has_left_them) {
             EXPECT_FALSE(files()->currentIndex().isValid()) << "to come by is not to pick";
             key(files(), Qt::Key_Down);
             EXPECT_EQ(files()->currentIndex(), rowOf("camps"));
+            key(files(), Qt::Key_Tab);
+            EXPECT_EQ(preview()->focusWidget()->objectName(), "treRivals");
         },
         [] { key(preview(), Qt::Key_Escape); },
         [] { clickRow(0); },

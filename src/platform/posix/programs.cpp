@@ -1,7 +1,8 @@
-// Programs on a POSIX desktop: Windows programs run through wine, all else that is not a program is
-// opened by the desktop.
+// Programs on a POSIX desktop: Windows programs run through wine, in the prefix that they lie in;
+// all else that is not a program is opened by the desktop.
 #include "platform/programs.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -14,10 +15,12 @@
 #include <spawn.h>
 #include <unistd.h>
 
+#include "helpers.h"
 #include "platform/disk.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "watched_program.h"
+#include "wrapper.h"
 
 // NOLINTNEXTLINE(readability-redundant-declaration): not every C library declares it
 extern char** environ;
@@ -29,15 +32,8 @@ const std::string handedOverVariable = "VEXILLUM_HANDED_OVER";
 /// What Linux lets one variable have, and a little less.
 constexpr std::size_t longestVariable = 120'000;
 
-/// The helpers have the names of commands, which need not be those of packages.
-std::string whatToInstall(const std::string& command) {
-    if (command == "wine")
-        return "\"wine\", which runs programs of Windows, is not installed. Please install it: the "
-               "package is called \"wine\".";
-    if (command == "xdg-open")
-        return "\"xdg-open\", which opens folders and texts, is not installed. Please install it: "
-               "the package is called \"xdg-utils\".";
-    return std::strerror(ENOENT);
+std::string nameOf(const std::string& variable) {
+    return variable.substr(0, variable.find('=') + 1);
 }
 
 class PosixPrograms final : public Programs {
@@ -59,8 +55,10 @@ class PosixPrograms final : public Programs {
     }
 
     bool isRunning(const std::string& program) override {
-        const auto path = disk_.systemPath(program);
+        // By its real name: links may lead to it.
         std::error_code error;
+        const auto path =
+            std::filesystem::weakly_canonical(disk_.systemPath(program), error).string();
         for (const auto& process : std::filesystem::directory_iterator("/proc", error))
             if (runs(process.path(), path))
                 return true;
@@ -74,22 +72,39 @@ class PosixPrograms final : public Programs {
         // The opener of the desktop refuses these too, but says so to nobody.
         if (command.kind == Command::Kind::open && ::access(path.c_str(), F_OK) != 0)
             throw Failure("open", path, std::strerror(errno));
-        std::vector<std::string> words;
-        if (command.kind == Command::Kind::open)
-            words = {"xdg-open", path};
-        else if (needsWine(path))
-            words = {"wine", path};
-        else
-            words = {path};
-        if (!command.arguments.empty())
-            words.push_back(command.arguments);
         std::vector<std::string> variables;
+        auto words = wordsFor(command, path, variables);
         if (!variable.empty())
             variables.push_back(std::move(variable));
         if (!command.handedOver.empty() && command.handedOver.size() < longestVariable)
             variables.push_back(handedOverVariable + ("=" + command.handedOver));
         return spawn(words, command.kind == Command::Kind::program ? folderOf(path) : std::string(),
                      variables);
+    }
+
+    static std::vector<std::string> wordsFor(const Command& command, const std::string& path,
+                                             std::vector<std::string>& variables) {
+        if (command.kind == Command::Kind::open)
+            return {"xdg-open", path};
+        auto wrapper = posix::wrapperOf(command.wrapper);
+        auto missing = posix::missingCommand(wrapper);
+        auto words = std::move(wrapper.words);
+        if (needsWine(path)) {
+            if (missing.empty() && !posix::isInstalled("wine"))
+                missing = "wine";
+            words.emplace_back("wine");
+            if (const auto prefix = winePrefixOf(path); !prefix.empty())
+                variables.push_back("WINEPREFIX=" + prefix);
+        }
+        if (!missing.empty())
+            throw Failure("start", missing, posix::whatToInstall(missing));
+        for (auto& each : wrapper.variables)
+            variables.push_back(std::move(each));
+        words.push_back(path);
+        words.insert(words.end(), command.words.begin(), command.words.end());
+        if (!command.arguments.empty())
+            words.push_back(command.arguments);
+        return words;
     }
 
     /// Other people's processes show nothing.
@@ -116,6 +131,23 @@ class PosixPrograms final : public Programs {
         return path.substr(0, path.find_last_of('/'));
     }
 
+    /// Of two variables of one name the later one counts, and the first is what a program finds.
+    static std::vector<char*> environmentWith(std::vector<std::string>& variables) {
+        std::vector<char*> environment;
+        const auto isNamedIn = [](auto first, auto last, const std::string& variable) {
+            return std::any_of(first, last,
+                               [&](const auto& each) { return nameOf(each) == nameOf(variable); });
+        };
+        for (auto** variable = environ; *variable != nullptr; ++variable)
+            if (!isNamedIn(variables.begin(), variables.end(), *variable))
+                environment.push_back(*variable);
+        for (auto variable = variables.begin(); variable != variables.end(); ++variable)
+            if (!isNamedIn(variable + 1, variables.end(), *variable))
+                environment.push_back(variable->data());
+        environment.push_back(nullptr);
+        return environment;
+    }
+
     static pid_t spawn(std::vector<std::string>& words, const std::string& folder,
                        std::vector<std::string>& variables) {
         std::vector<char*> arguments;
@@ -123,12 +155,7 @@ class PosixPrograms final : public Programs {
         for (auto& word : words)
             arguments.push_back(word.data());
         arguments.push_back(nullptr);
-        std::vector<char*> environment;
-        for (auto** variable = environ; *variable != nullptr; ++variable)
-            environment.push_back(*variable);
-        for (auto& variable : variables)
-            environment.push_back(variable.data());
-        environment.push_back(nullptr);
+        auto environment = environmentWith(variables);
         posix_spawn_file_actions_t actions{};
         ::posix_spawn_file_actions_init(&actions);
         if (!folder.empty())
@@ -147,9 +174,14 @@ class PosixPrograms final : public Programs {
         ::posix_spawnattr_destroy(&attributes);
         ::posix_spawn_file_actions_destroy(&actions);
         if (error != 0)
-            throw Failure("start", words[0],
-                          error == ENOENT ? whatToInstall(words[0]) : std::strerror(error));
+            throw Failure("start", words[0], reasonOf(error, words[0]));
         return child;
+    }
+
+    static std::string reasonOf(int error, const std::string& command) {
+        return error == ENOENT && command.find('/') == std::string::npos
+                   ? posix::whatToInstall(command)
+                   : std::strerror(error);
     }
 
     Disk& disk_;

@@ -29,9 +29,34 @@ int showCommand(StartWindow window) {
     }
 }
 
+/// ERROR_ELEVATION_REQUIRED, which MinGW has no name for.
+constexpr DWORD elevationRequired = 740;
 constexpr auto handedOverVariable = L"VEXILLUM_HANDED_OVER";
 /// What Windows lets one variable have.
 constexpr std::size_t longestVariable = 32'000;
+
+/// As the program's own start takes it apart again. Before a quote, also the one at the end, a
+/// backslash would stand for that.
+std::wstring quoted(const std::string& word) {
+    std::wstring text = L"\"";
+    std::size_t backslashes = 0;
+    for (const auto c : windows::wide(word)) {
+        if (c == L'"')
+            text.append(backslashes + 1, L'\\');
+        backslashes = c == L'\\' ? backslashes + 1 : 0;
+        text += c;
+    }
+    return text.append(backslashes, L'\\') + L"\"";
+}
+
+std::wstring argumentsOf(const Command& command) {
+    std::wstring text;
+    for (const auto& word : command.words)
+        text += (text.empty() ? L"" : L" ") + quoted(word);
+    if (!command.arguments.empty())
+        text += (text.empty() ? L"" : L" ") + windows::wide(command.arguments);
+    return text;
+}
 
 class WindowsPrograms final : public Programs {
   public:
@@ -44,12 +69,12 @@ class WindowsPrograms final : public Programs {
         auto program = std::make_unique<windows::WatchedProgram>();
         const auto path = windows::wide(disk_.systemPath(command.target));
         auto commandLine = L"\"" + path + L"\"";
-        if (!command.arguments.empty())
-            commandLine += L" " + windows::wide(command.arguments);
+        if (const auto arguments = argumentsOf(command); !arguments.empty())
+            commandLine += L" " + arguments;
         const auto error =
             program->start(path, std::move(commandLine), path.substr(0, path.rfind(L'\\') + 1),
                            static_cast<WORD>(showCommand(command.window)));
-        if (error == ERROR_ELEVATION_REQUIRED) {
+        if (error == elevationRequired) {
             if (HANDLE process = startByShell(command, SEE_MASK_NOCLOSEPROCESS); process != nullptr)
                 program->watch(process);
         } else if (error != ERROR_SUCCESS) {
@@ -77,7 +102,7 @@ class WindowsPrograms final : public Programs {
     /// Gives back the process where the mask asks for it.
     HANDLE startByShell(const Command& command, ULONG mask) {
         const auto path = windows::wide(disk_.systemPath(command.target));
-        const auto arguments = windows::wide(command.arguments);
+        const auto arguments = argumentsOf(command);
         // With the separator: "C:" alone would be the current folder of that drive.
         const auto folder = path.substr(0, path.rfind(L'\\') + 1);
         const bool isProgram = command.kind == Command::Kind::program;
@@ -127,6 +152,18 @@ std::string takeHandedOver() {
     text.resize(size < text.size() ? size : 0);
     SetEnvironmentVariableW(handedOverVariable, nullptr);
     return windows::narrow(text);
+}
+
+std::string winePrefixOf(const std::string& /*systemPath*/) {
+    return {};
+}
+
+bool takesWrappers() {
+    return false;
+}
+
+std::string reasonAgainstWrapper(const std::string& /*wrapper*/) {
+    return {};
 }
 
 std::unique_ptr<Programs> makePrograms(Disk& disk) {

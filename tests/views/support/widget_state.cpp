@@ -175,7 +175,8 @@ class Comparison {
 
     void compareItem(const windows::MenuItem& item, const QAction& action) {
         compare(item, "text", shown(item.text()).trimmed(), action.text());
-        compare(item, "enabled", usable(item), action.isEnabled());
+        compare(item, "enabled", usable(item) && item.visible(), action.isEnabled());
+        compare(item, "visible", item.visible(), action.isVisible());
         compare(item, "checked", item.checked(), action.isChecked());
     }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "installation/installation.h"
 #include "platform/disk.h"
 #include "platform/programs.h"
 
@@ -21,14 +22,21 @@ enum ExitCode {
 struct Machine {
     platform::Disk& disk;
     platform::Programs& programs;
-    std::string gameDirectory; ///< in the system's own form
+    /// Where none is named, in the system's own form; empty where none is known.
+    std::string gameDirectory;
     std::ostream& output;
     std::ostream& errors;
+    installation::Installation* installation = nullptr; ///< null where the program knows of none
 };
 
-/// Whether a command line asks for work without a window; one that is empty, or is for the windows,
-/// does not.
-bool isCommand(const std::vector<std::string>& arguments);
+/// A command line for the windows.
+struct WindowsLine {
+    std::optional<std::string> directory; ///< as it was given
+    std::string rest;
+};
+
+/// Nothing for one that asks for work without a window, or says nothing that could be done.
+std::optional<WindowsLine> windowsLine(std::vector<std::string> arguments);
 
 /// Carries the command out, under the lock of the game directory.
 ExitCode run(const Machine& machine, const std::vector<std::string>& arguments);

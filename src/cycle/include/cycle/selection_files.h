@@ -34,6 +34,11 @@ void saveAnswers(const releases::GameDirectory& game, const Decisions& answers);
 std::string readComesBack(const releases::GameDirectory& game, bool& comesBack);
 void saveComesBack(const releases::GameDirectory& game, bool comesBack);
 
+/// What the game is started with (`platform::Command::wrapper`), in a file likewise; empty without
+/// it. A wrapper of several lines is one. Fails as for the answers.
+std::string readWrapper(const releases::GameDirectory& game, std::string& wrapper);
+void saveWrapper(const releases::GameDirectory& game, const std::string& wrapper);
+
 /// A selection as one text and back, without the modifier: a line for each name, behind its type.
 std::string textOf(const Selection& selection);
 void readText(std::string_view text, Selection& selection);

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -24,6 +25,11 @@ struct Command {
     /// A text for another copy of this program (`handedOver` there); left out where it is too long
     /// for the system.
     std::string handedOver = {};
+    /// What runs a program instead of the system, as one would type it ahead of the program's name:
+    /// a command with arguments, variables ahead of it or alone ("gamemoderun", "A=1 prime-run").
+    std::string wrapper = {};
+    /// Arguments ahead of `arguments`, one by one, blanks and all.
+    std::vector<std::string> words = {};
 };
 
 /// What the copy that started this one has handed over; empty where nothing was. Whatever this one
@@ -54,8 +60,8 @@ class Programs {
     Programs& operator=(const Programs&) = delete;
 
     /// Throws Failure, with the reason, if the program cannot be started; where a helper is missing
-    /// (wine, the desktop's opener), the failure names that. How a program fares once it runs is
-    /// not told.
+    /// (wine, a wrapper, the desktop's opener), the failure names that and its package. How a
+    /// program fares once it runs is not told.
     virtual void start(const Command& command) = 0;
 
     /// The same for a program that is to be waited for. Throws as start does.
@@ -72,6 +78,15 @@ std::unique_ptr<Programs> makePrograms(Disk& disk);
 /// Whether a program is one of Windows on a system that runs those through wine, by its first two
 /// bytes. False for what cannot be read.
 bool needsWine(const std::string& systemPath);
+
+/// The wine prefix that a folder or file lies in: a program there is started with that one. Empty
+/// for one outside all prefixes, and on Windows.
+std::string winePrefixOf(const std::string& systemPath);
+
+/// Whether programs can be started through a wrapper here.
+bool takesWrappers();
+/// Why a wrapper could not run a program, for people; empty where it could, or is empty.
+std::string reasonAgainstWrapper(const std::string& wrapper);
 
 /// A command as one string, as a person would read it. Not meant for a shell.
 std::string shownCommand(const Command& command, Disk& disk);

@@ -112,6 +112,8 @@ class frmMain : public Window {
     MenuItem mnuFPreview{*this, mnuMain, "mnuFPreview", "&Preview...", "Ctrl+P"};
     MenuItem mnuFRevert{*this, mnuMain, "mnuFRevert", "&Revert", "Ctrl+R"};
     MenuItem mnuFComeBack{*this, mnuMain, "mnuFComeBack", "&Come Back When The Game Ends", ""};
+    MenuItem mnuFWrapper{*this, mnuMain, "mnuFWrapper", "Start The Game &With...", ""};
+    MenuItem mnuFDirectory{*this, mnuMain, "mnuFDirectory", "Game &Directory...", ""};
     MenuItem mnuFExitVXL{*this, mnuMain, "mnuFExitVXL", "&Exit VXL", "Ctrl+Q"};
     Menu mnuUtilities{*this, "mnuUtilities", "&Utilities"};
     MenuItem mnuUfilelister{*this, mnuUtilities, "mnuUfilelister", "&File Lister", "Ctrl+F"};
@@ -183,13 +185,21 @@ class frmMain : public Window {
     void mnuFCweapon_Click();
     void saveSelsOrTell();
     void warnNotStarted(const std::string& name, const platform::Failure& failure);
-    void startProgram(const std::string& name, const std::string& arguments = {},
-                      const std::string& handedOver = {});
     [[noreturn]] void endProgram();
+
+    // frmMain_directory.cpp: this program once more, here or elsewhere
+    void offerDirectories();
+    void mnuFDirectory_Click();
+    void startVexillum(const std::string& directory, const std::string& arguments = {},
+                       const std::string& handedOver = {});
+    void startProgram(const platform::Command& command, const std::string& name);
 
     // frmMain_game.cpp: the game runs, and the program waits for its end
     void readComesBack();
     void mnuFComeBack_Click();
+    void readWrapper();
+    void mnuFWrapper_Click();
+    platform::Command gameCommand() const;
     void playAndComeBack();
     void waitForEnd(platform::RunningProgram& running);
     void readReleases();
@@ -283,6 +293,7 @@ class frmMain : public Window {
     bool widcfRun = false;
     bool comesBack_ = false; ///< when the game ends
     Wish leaving_;           ///< while the game runs
+    std::string wrapper_;    ///< what the game is started with
     cycle::Selection selection_;
     cycle::Unfinished unfinished_;
     /// What need not be asked at the launch.

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "installation/installation.h"
 #include "platform/disk.h"
 #include "platform/programs.h"
 #include "windows/toolkit.h"
@@ -13,10 +14,12 @@ struct Machine {
     platform::Disk& disk;
     Toolkit& toolkit;
     platform::Programs& programs;
-    std::string programFolder;   ///< where the program lies, in the system's form
-    std::string programName;     ///< its file's name there, or empty where there is none
-    std::string commandLine;     ///< all behind the program's name, as one string
+    std::string programFolder;   ///< the directory to work in, in the system's form
+    std::string programName;     ///< the program's file there, or empty where there is none
+    std::string commandLine;     ///< all that says how to work there, as one string
     std::string handedOver = {}; ///< by the copy that started this one
+    /// Null where the program knows of no directory but the one that it lies in.
+    installation::Installation* installation = nullptr;
 };
 
 } // namespace windows
