@@ -3,7 +3,7 @@
 # centres, readers of manuals and shells expect.
 set -u
 source=$(cd "$(dirname "$0")/../.." && pwd)
-for tool in lintian desktop-file-validate appstreamcli mandoc cpack dpkg-deb fakeroot; do
+for tool in lintian desktop-file-validate appstreamcli mandoc cpack dpkg-shlibdeps; do
     type "$tool" >/dev/null 2>&1 || { echo "skipped: $tool is not installed"; exit 77; }
 done
 work=$(mktemp -d)
