@@ -59,13 +59,17 @@ _vexillum_type() {
 _vexillum_options() { # VERB
     case $1 in
     list | plan | check) echo --json --directory ;;
+    directories) echo --json ;;
     apply) echo --yes --no --directory ;;
     launch) echo --wait --yes --no --directory ;;
-    reset | set) echo --directory ;;
+    reset | set | setup) echo --directory ;;
     add) echo --type --name --yes --no --directory ;;
     remove) echo --type --yes --no --directory ;;
     version | help) ;;
-    *) echo --list --plan --apply --launch --reset --add --remove --set --check --version --help --directory ;;
+    *)
+        echo --list --plan --apply --launch --reset --add --remove --set --check --setup \
+            --directories --version --help --directory
+        ;;
     esac
 }
 
@@ -78,12 +82,13 @@ _vexillum_operand() { # VERB
     set)
         key=${cur%%=*}
         case $cur in
+        wrapper=*) ;;
         modifier=* | compress=* | small=*) COMPREPLY=($(compgen -W 'on off' -- "${cur#*=}")) ;;
         *=*) _vexillum_offer "$key=" < <(_vexillum_releases "${key%[+-]}") ;;
         *)
             compopt -o nospace
             COMPREPLY=($(compgen -W 'tc= ai= race= mod= map= unit= race+= mod+= map+= unit+= race-= mod-=
-                map-= unit-= modifier= compress= small=' -- "$cur"))
+                map-= unit-= modifier= compress= small= wrapper=' -- "$cur"))
             ;;
         esac
         ;;
@@ -95,7 +100,8 @@ _vexillum() {
     _init_completion -s || return
     for word in "${words[@]:1:cword-1}"; do
         case $word in
-        --list | --plan | --apply | --launch | --reset | --add | --remove | --set | --check | --version | --help)
+        --list | --plan | --apply | --launch | --reset | --add | --remove | --set | --check | --setup | \
+            --directories | --version | --help)
             verb=${word#--}
             ;;
         esac

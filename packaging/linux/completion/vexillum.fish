@@ -35,7 +35,7 @@ function __vexillum_of_type
 end
 
 function __vexillum_assignments
-    printf '%s\n' {modifier,compress,small}={on,off}
+    printf '%s\n' {modifier,compress,small}={on,off} wrapper=
     for type in tc ai
         printf "$type=%s\n" (__vexillum_releases $type)
     end
@@ -46,7 +46,7 @@ function __vexillum_assignments
     end
 end
 
-set -l verbs list plan apply launch reset add remove set check version help
+set -l verbs list plan apply launch reset add remove set check setup directories version help
 set -l none 'not __fish_contains_opt '(string join ' ' $verbs)
 complete -c vexillum -f
 complete -c vexillum -n "$none" -l list -d 'All releases, what is chosen of them, and the sets'
@@ -58,11 +58,13 @@ complete -c vexillum -n "$none" -l add -d 'Add a release out of a folder, a file
 complete -c vexillum -n "$none" -l remove -d 'Remove a release for good'
 complete -c vexillum -n "$none" -l set -d 'Change the saved selection'
 complete -c vexillum -n "$none" -l check -d 'Look whether all is where it should be'
+complete -c vexillum -n "$none" -l setup -d 'Make a game directory ready'
+complete -c vexillum -n "$none" -l directories -d 'The game directories that were used'
 complete -c vexillum -n "$none" -l version -d 'The version'
 complete -c vexillum -n "$none" -l help -d 'All commands and options'
-complete -c vexillum -n 'not __fish_contains_opt version help' -l directory -x \
+complete -c vexillum -n 'not __fish_contains_opt directories version help' -l directory -x \
     -a '(__fish_complete_directories)' -d 'The game directory'
-complete -c vexillum -n '__fish_contains_opt list plan check' -l json -d 'As one JSON document'
+complete -c vexillum -n '__fish_contains_opt list plan check directories' -l json -d 'As one JSON document'
 complete -c vexillum -n '__fish_contains_opt launch' -l wait -d 'Wait for the game to end, then reset'
 complete -c vexillum -n '__fish_contains_opt apply launch add remove' -l yes -d 'Answer Yes to every question'
 complete -c vexillum -n '__fish_contains_opt apply launch add remove' -l no -d 'Answer No to every question'

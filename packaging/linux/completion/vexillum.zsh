@@ -26,11 +26,12 @@ _vexillum_releases() {
 _vexillum_assignment() {
     local key=${PREFIX%%=*}
     if ! compset -P '*='; then
-        compadd -S '' -- tc= ai= {race,mod,map,unit}{=,+=,-=} modifier= compress= small=
+        compadd -S '' -- tc= ai= {race,mod,map,unit}{=,+=,-=} modifier= compress= small= wrapper=
         return
     fi
     case $key in
     modifier | compress | small) compadd on off ;;
+    wrapper) _command_names -e ;;
     *) _vexillum_releases ${key%[+-]} ;;
     esac
 }
@@ -40,7 +41,7 @@ local type='--type=[its type]:type:(TC AI Race Mod Map Unit)'
 local json='--json[tells it as one JSON document]'
 local -a answer
 answer=('(--no)--yes[answers every open question with Yes]' '(--yes)--no[answers every open question with No]')
-local verb=${words[(r)--(list|plan|apply|launch|reset|add|remove|set|check|version|help)]}
+local verb=${words[(r)--(list|plan|apply|launch|reset|add|remove|set|check|setup|directories|version|help)]}
 
 case $verb in
 --list) _arguments '--list' $json $directory ;;
@@ -52,6 +53,8 @@ case $verb in
         '::set:_vexillum_sets'
     ;;
 --reset) _arguments '--reset' $directory ;;
+--setup) _arguments '--setup' $directory ;;
+--directories) _arguments '--directories' $json ;;
 --add) _arguments '--add' $type '--name=[its name]:name:' $answer $directory ':file:_files' ;;
 --remove) _arguments '--remove' $type $answer $directory ':release:_vexillum_releases' ;;
 --set) _arguments '--set' $directory '*:assignment:_vexillum_assignment' ;;
@@ -67,6 +70,8 @@ case $verb in
         '--remove[removes a release for good]' \
         '--set[changes the saved selection]' \
         '--check[looks whether all is where it should be]' \
+        '--setup[makes a game directory ready]' \
+        '--directories[tells the game directories that were used]' \
         '--version[tells the version]' \
         '--help[tells all commands and options]'
     ;;
