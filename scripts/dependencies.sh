@@ -22,3 +22,4 @@ test_packages=(clang-format jq fonts-dejavu-core xvfb xauth dbus at-spi2-core py
     strace)
 windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 wine nsis dpkg-dev make googletest
     qt6-base-dev-tools)
+release_packages=(librsvg2-bin dpkg-dev lintian desktop-file-utils appstream mandoc)
