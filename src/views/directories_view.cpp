@@ -22,7 +22,7 @@ class DirectoriesView final : public WindowView {
         auto* heading = label(window.lblDirectories, true);
         list_ = markList(window.lstDirectories);
         list_->setAccessibleName("Game Directories");
-        list_->setPlaceholders("No game directory was found.", "");
+        list_->setPlaceholders({"No game directory was found.", "", ""});
         list_->installEventFilter(this);
         heading->setBuddy(list_);
         connect(list_, &QListView::doubleClicked, this, [this] { pressDefaultButton(); });

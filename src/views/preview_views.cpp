@@ -54,8 +54,8 @@ class PreviewView final : public WindowView {
         column->addLayout(foot);
         setMinimumSize(480, 360);
         resize(900, 640);
-        const char* order[] = {"filter", "chkConflicts", "cmdRefresh", "treFiles", "treRivals",
-                               "cmdFile"};
+        const char* order[] = {"filter",   "chkConflicts", "cmdRefresh",
+                               "treFiles", "treRivals",    "cmdFile"};
         for (std::size_t i = 1; i < std::size(order); ++i)
             setTabOrder(findChild<QWidget*>(order[i - 1]), findChild<QWidget*>(order[i]));
         files->setFocus();

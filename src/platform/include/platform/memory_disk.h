@@ -149,14 +149,14 @@ class MemoryDisk final : public RawDisk {
     void noteNamesSynced(const NodePtr& folder);
     void revert(Node& node, const std::set<std::uint64_t>& disksWithAllNames);
 
-    MemoryDiskKind kind_;
-    NodePtr root_;
-    std::uint64_t devices_ = 1;
-    std::uint64_t nodes_ = 0;
     /// Every change has a time of its own.
     FileTime nextTime() { return time_ += 1'000'000; }
 
+    MemoryDiskKind kind_;
+    std::uint64_t devices_ = 1;
+    std::uint64_t nodes_ = 0;
     FileTime time_ = 1'000'000'000'000'000'000;
+    NodePtr root_; ///< numbered by the counters above it, as every node
     std::map<std::string, int> calls_;
     std::vector<NameChange> unsynced_;
 };
