@@ -1,6 +1,7 @@
 // One filter serves all widgets: it measures when the mouse rests over one.
 #include "cut_text_tip.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QHelpEvent>
 #include <QLabel>
@@ -90,6 +91,14 @@ QString inLines(const QString& text, const QWidget& widget) {
         layout.endLayout();
     }
     return lines.join('\n');
+}
+
+void tipOfCutRow(QAbstractItemView& view, const QHelpEvent& event) {
+    const auto index = view.indexAt(event.pos());
+    if (index.isValid() && view.sizeHintForIndex(index).width() > view.visualRect(index).width())
+        QToolTip::showText(event.globalPos(), inLines(index.data().toString(), view), &view);
+    else
+        QToolTip::hideText();
 }
 
 void tipWhereCut(QWidget* widget) {

@@ -7,7 +7,6 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include "cut_text_tip.h"
 #include "mark_list_access.h"
@@ -208,12 +207,7 @@ void MarkListView::mousePressEvent(QMouseEvent* event) {
 bool MarkListView::viewportEvent(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QListView::viewportEvent(event);
-    const auto* help = static_cast<QHelpEvent*>(event);
-    const auto index = indexAt(help->pos());
-    if (index.isValid() && sizeHintForIndex(index).width() > visualRect(index).width())
-        QToolTip::showText(help->globalPos(), inLines(index.data().toString(), *this), this);
-    else
-        QToolTip::hideText();
+    tipOfCutRow(*this, *static_cast<QHelpEvent*>(event));
     return true;
 }
 

@@ -2,19 +2,17 @@
 #include "sets_view.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QTimer>
 #include <QVBoxLayout>
 
+#include "choice_view.h"
 #include "layouts.h"
-#include "mark_list_view.h"
 
 namespace views {
 namespace {
 
-class SetsView final : public WindowView {
+class SetsView final : public ChoiceView {
   public:
-    SetsView(windows::frmSets& window, QtToolkit& toolkit) : WindowView(window, toolkit) {
+    SetsView(windows::frmSets& window, QtToolkit& toolkit) : ChoiceView(window, toolkit) {
         auto* whole = new QVBoxLayout(this);
         whole->setContentsMargins(margin, margin, margin, margin);
         whole->setSpacing(gap);
@@ -25,34 +23,15 @@ class SetsView final : public WindowView {
         whole->addLayout(foot(window));
         setMinimumSize(420, 220);
         resize(680, 400);
-        // The list follows in this same round of changes.
-        QTimer::singleShot(0, this, [this] { beginInList(); });
-    }
-
-  protected:
-    /// Enter takes a set, as it does in the list of a file dialog; Space marks it.
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress)
-            return WindowView::eventFilter(watched, event);
-        const auto key = static_cast<QKeyEvent*>(event)->key();
-        if (key != Qt::Key_Return && key != Qt::Key_Enter)
-            return WindowView::eventFilter(watched, event);
-        pressDefaultButton();
-        return true;
     }
 
   private:
     QLayout* listSide(windows::frmSets& window) {
         auto* column = tight<QVBoxLayout>();
         auto* heading = label(window.lblSets, true);
-        list_ = markList(window.lstSets);
-        list_->setAccessibleName("Sets");
-        list_->setPlaceholders({"No set has been saved yet.", "", ""});
-        list_->installEventFilter(this);
-        heading->setBuddy(list_);
-        connect(list_, &QListView::doubleClicked, this, [this] { pressDefaultButton(); });
+        auto* list = choices(window.lstSets, heading, "Sets", "No set has been saved yet.");
         column->addWidget(heading);
-        column->addWidget(list_, 1);
+        column->addWidget(list, 1);
         return column;
     }
 
@@ -78,15 +57,6 @@ class SetsView final : public WindowView {
         row->addWidget(button(window.cmdClose, 'C'));
         return row;
     }
-
-    void beginInList() {
-        list_->setFocus(Qt::OtherFocusReason);
-        for (int row = 0; row < list_->model()->rowCount(); ++row)
-            if (list_->isMarked(row))
-                list_->setCurrentIndex(list_->model()->index(row, 0));
-    }
-
-    MarkListView* list_ = nullptr;
 };
 
 } // namespace

@@ -5,7 +5,6 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QScopedValueRollback>
-#include <QToolTip>
 
 #include "cut_text_tip.h"
 #include "tree_access.h"
@@ -215,12 +214,7 @@ void TreeView::showCurrent() {
 bool TreeView::viewportEvent(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QTreeView::viewportEvent(event);
-    const auto* help = static_cast<QHelpEvent*>(event);
-    const auto index = indexAt(help->pos());
-    if (index.isValid() && sizeHintForIndex(index).width() > visualRect(index).width())
-        QToolTip::showText(help->globalPos(), inLines(index.data().toString(), *this), this);
-    else
-        QToolTip::hideText();
+    tipOfCutRow(*this, *static_cast<QHelpEvent*>(event));
     return true;
 }
 

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/text.h"
+
 namespace windows {
 
 void MarkList::setItems(std::vector<Item> items) {
@@ -91,6 +93,11 @@ void TreeList::setRows(std::vector<Row> rows) {
     const auto key = current() == nullptr ? std::string() : current()->key;
     rows_ = std::move(rows);
     index_ = key.empty() ? -1 : find(key);
+    if (index_ < 0 && !key.empty()) {
+        const auto row = std::ranges::find_if(
+            rows_, [&](const auto& each) { return platform::equalIgnoringCase(each.key, key); });
+        index_ = row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
+    }
     ++revision_;
     changed();
 }

@@ -107,7 +107,8 @@ class TreeList : public Control {
 
     const std::vector<std::string>& columns() const { return columns_; }
     const std::vector<Row>& rows() const { return rows_; }
-    /// Replaces all rows. The current one stays, if there is a row of its key.
+    /// Replaces all rows. The current one stays, if there is a row of its key, in another case if
+    /// need be.
     void setRows(std::vector<Row> rows);
     /// The place of the current row, or -1.
     int index() const { return index_; }
