@@ -128,7 +128,7 @@ SampleMap drawMap(unsigned seed, int width, int height, int sea) {
 
 std::string mapFile(const SampleMap& map) {
     constexpr std::uint32_t headerSize = 64;
-    constexpr std::size_t tileSize = 1024;
+    constexpr std::uint32_t tileSize = 1024;
     const auto units =
         static_cast<std::uint32_t>(map.width) * static_cast<std::uint32_t>(map.height);
     const auto indices = headerSize;
@@ -148,7 +148,7 @@ std::string mapFile(const SampleMap& map) {
         bytes.append(3, '\xFF');
     }
     for (int tile = 0; tile < map.tiles; ++tile)
-        for (std::size_t at = 0; at < tileSize; ++at)
+        for (std::uint32_t at = 0; at < tileSize; ++at)
             bytes += static_cast<char>(
                 chance(static_cast<unsigned>(tile), static_cast<int>(at), 0) * 96);
     if (map.picture.empty())
