@@ -178,7 +178,7 @@ TEST_F(CacheTest, what_was_found_is_read_once_until_a_file_changes) {
     EXPECT_EQ(look("Map-A", &cache).maps.at(0).name, "B");
     EXPECT_EQ(disk->fileNames(folder).size(), 2U);
     // Removed in between, it comes back.
-    game.remove("Vexillum/VXL-Cache");
+    disk->removeTree(folder);
     look("Map-A", &cache);
     EXPECT_EQ(disk->fileNames(folder).size(), 1U);
 }
