@@ -2,6 +2,8 @@
 #include "releases/contents.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <optional>
 
 #include "platform/text.h"
 
@@ -19,6 +21,25 @@ std::string counted(std::uint64_t count, const std::string& one) {
 
 std::string withLineBreak(const std::string& text) {
     return text.empty() ? "" : text + std::string(platform::lineBreak);
+}
+
+std::string faultText(const std::string& fault) {
+    return fault.empty() ? "" : "No picture: " + fault + ".";
+}
+
+std::string rangeText(std::optional<std::int64_t> least, std::optional<std::int64_t> most) {
+    if (!least || !most || *least == *most)
+        return std::to_string(least ? *least : *most);
+    return std::to_string(*least) + " to " + std::to_string(*most);
+}
+
+/// Those that are not empty.
+std::string inLines(std::initializer_list<std::string> lines) {
+    std::string text;
+    for (const auto& line : lines)
+        if (!line.empty())
+            text += (text.empty() ? "" : std::string(platform::lineBreak)) + platform::toUtf8(line);
+    return text;
 }
 
 } // namespace
@@ -49,6 +70,29 @@ std::string spokenText(const UnitContent& unit) {
     auto text = "unit " + platform::toUtf8(unit.name);
     add(text, platform::toUtf8(unit.info.description));
     return text;
+}
+
+std::string factsText(const MapContent& map) {
+    const auto& info = map.info;
+    std::string facts;
+    add(facts, formats::shownSize(info.size));
+    add(facts, formats::playersText(info));
+    add(facts, platform::toUtf8(info.planet));
+    std::string weather;
+    if (info.leastWind || info.mostWind)
+        add(weather, "wind " + rangeText(info.leastWind, info.mostWind));
+    add(weather, info.tide ? "tide " + std::to_string(*info.tide) : "");
+    add(weather, info.gravity ? "gravity " + std::to_string(*info.gravity) : "");
+    return inLines({map.name, info.description, facts, weather, faultText(map.fault)});
+}
+
+std::string factsText(const UnitContent& unit) {
+    const auto& info = unit.info;
+    std::string facts;
+    add(facts, platform::toUtf8(info.side));
+    add(facts, info.energy ? std::to_string(*info.energy) + " energy" : "");
+    add(facts, info.metal ? std::to_string(*info.metal) + " metal" : "");
+    return inLines({unit.name, info.description, facts, faultText(unit.fault)});
 }
 
 std::string aboutText(const formats::MapInfo& info) {

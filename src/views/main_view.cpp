@@ -86,10 +86,12 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     whole->addWidget(progressBar(main_.barWork));
     timer(main_.tmrSleep);
     timer(main_.tmrTally);
+    timer(main_.tmrContents);
     std::vector<windows::Control*> order = {
-        &main_.tspMain,       &main_.lstList,   &main_.lblUndoLink, &main_.lblRename,
-        &main_.lblEditAbout,  &main_.txtAbout,  &main_.cmdReadme,   &main_.cmdExplore,
-        &main_.lblEditCCodes, &main_.txtCCodes, &main_.cmdAdd,      &main_.cmdHelp,
+        &main_.tspMain,       &main_.lstList,     &main_.lblUndoLink, &main_.lblRename,
+        &main_.lblEditAbout,  &main_.picContents, &main_.cmdPrevious, &main_.cmdNext,
+        &main_.treUnits,      &main_.txtAbout,    &main_.cmdReadme,   &main_.cmdExplore,
+        &main_.lblEditCCodes, &main_.txtCCodes,   &main_.cmdAdd,      &main_.cmdHelp,
         &main_.cmdRemove};
     for (const auto& summary : main_.summaries())
         order.push_back(&summary->box);
@@ -208,6 +210,7 @@ QWidget* MainView::infoSide() {
         column->addLayout(row);
     };
     headed(main_.lblAbout, main_.lblEditAbout);
+    column->addWidget(contentsPane());
     auto* about = textEdit(main_.txtAbout);
     about->setAccessibleName("Information");
     about->setMinimumHeight(40);

@@ -35,6 +35,7 @@ class MainView final : public WindowView {
     void addTabKeys(QTabBar* tabs);
     QLineEdit* filterOf(MarkListView* list);
     QWidget* infoSide();
+    QWidget* contentsPane();
     QWidget* setupFrame();
     QLayout* undoBar();
     QMenu* listMenu(MarkListView* list);

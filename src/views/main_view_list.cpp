@@ -94,6 +94,9 @@ QWidget* MainView::listSide() {
     auto* tally = label(main_.lblTally);
     tally->setProperty("quiet", true);
     column->addWidget(tally);
+    auto* contents = label(main_.lblContents);
+    contents->setProperty("quiet", true);
+    column->addWidget(contents);
     column->addWidget(link(main_.lblRename), 0, Qt::AlignLeft);
     auto* menu = listMenu(list);
     more->setMenu(menu);

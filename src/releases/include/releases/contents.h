@@ -56,6 +56,10 @@ std::string summaryText(const Contents& contents);
 std::string spokenText(const MapContent& map);
 std::string spokenText(const UnitContent& unit);
 
+/// What is known of one, in a few lines for people. UTF-8, without a line break at the end.
+std::string factsText(const MapContent& map);
+std::string factsText(const UnitContent& unit);
+
 /// A text about a release to begin with, for whoever adds it: the description, and what else is
 /// known in a line. Lines end in line breaks; empty where nothing is known. In the file's bytes.
 std::string aboutText(const formats::MapInfo& info);
