@@ -83,7 +83,7 @@ std::string factsText(const MapContent& map) {
         add(weather, "wind " + rangeText(info.leastWind, info.mostWind));
     add(weather, info.tide ? "tide " + std::to_string(*info.tide) : "");
     add(weather, info.gravity ? "gravity " + std::to_string(*info.gravity) : "");
-    return inLines({map.name, info.description, facts, weather, faultText(map.fault)});
+    return inLines({info.description, facts, weather, faultText(map.fault)});
 }
 
 std::string factsText(const UnitContent& unit) {
@@ -92,7 +92,7 @@ std::string factsText(const UnitContent& unit) {
     add(facts, platform::toUtf8(info.side));
     add(facts, info.energy ? std::to_string(*info.energy) + " energy" : "");
     add(facts, info.metal ? std::to_string(*info.metal) + " metal" : "");
-    return inLines({unit.name, info.description, facts, faultText(unit.fault)});
+    return inLines({info.description, facts, faultText(unit.fault)});
 }
 
 std::string aboutText(const formats::MapInfo& info) {

@@ -140,6 +140,8 @@ void MainView::showRest(bool rests) {
     QTimer::singleShot(0, this, [this] { findChild<QWidget*>("lstList")->setFocus(); });
     const auto& tabs = main_.tspMain.captions();
     const auto* memory = toolkit_.memory();
+    if (memory != nullptr && memory->value("main/tiles").toBool())
+        findChild<QAction*>("showsPictures")->setChecked(true);
     const auto tab = memory == nullptr ? 0U : memory->value("main/tab").toUInt();
     if (tab > 0 && tab < tabs.size())
         post(windows::choose(main_.tspMain, tabs[tab]));

@@ -28,6 +28,7 @@ QWidget* MainView::contentsPane() {
     facts->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::MinimumExpanding);
     facts->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* side = tight<QVBoxLayout>();
+    side->addWidget(label(main_.lblPiece, true));
     side->addWidget(facts, 1);
     auto* way = tight<QHBoxLayout>();
     way->addWidget(button(main_.cmdPrevious, 'P'));
@@ -42,7 +43,7 @@ QWidget* MainView::contentsPane() {
     units->setMinimumHeight(72);
     units->setMaximumHeight(110);
     int columnNumber = 0;
-    for (const int width : {110, 130, 50, 60})
+    for (const int width : {100, 112, 44, 56})
         units->header()->resizeSection(columnNumber++, width);
     side->addWidget(units);
     row->addLayout(side, 1);

@@ -28,6 +28,7 @@ class PictureWindow final : public WindowView {
         foot->addWidget(done);
         column->addLayout(foot);
         setMinimumSize(240, 200);
+        resize(layout()->sizeHint());
         done->setFocus();
     }
 };

@@ -56,7 +56,8 @@ std::string summaryText(const Contents& contents);
 std::string spokenText(const MapContent& map);
 std::string spokenText(const UnitContent& unit);
 
-/// What is known of one, in a few lines for people. UTF-8, without a line break at the end.
+/// What is known of one beside its name, in a few lines for people. UTF-8, without a line break at
+/// the end.
 std::string factsText(const MapContent& map);
 std::string factsText(const UnitContent& unit);
 

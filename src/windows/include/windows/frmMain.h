@@ -3,12 +3,14 @@
 // the rooms below.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -79,6 +81,7 @@ class frmMain : public Window {
     /// next one, the units as a table. Not seen where there is nothing to be shown.
     Frame fraContents{*this, "fraContents"};
     PictureBox picContents{*this, "picContents"};
+    Label lblPiece{*this, "lblPiece"}; ///< its name
     Label lblFacts{*this, "lblFacts"};
     Button cmdPrevious{*this, "cmdPrevious", "Previous"};
     Label lblWhich{*this, "lblWhich"};
@@ -240,9 +243,14 @@ class frmMain : public Window {
     // frmMain_contents.cpp: what it brings, found out behind the scenes
     void wireContents();
     void lookInto(const std::string& name);
+    void forgetFound();
     void stopLooking();
     void goOnLooking();
     void tmrContents_Timer();
+    void noteFound(const std::string& name, const releases::Contents& contents);
+    void lookFurther();
+    bool isLookedThrough() const;
+    std::shared_ptr<const formats::Picture> pictureOf(const std::string& name);
     void showContents();
     void showPiece();
     void showUnits();
@@ -340,6 +348,18 @@ class frmMain : public Window {
         std::size_t number = 0; ///< among the maps, or the units
     };
     Piece piece_;
+    /// Of the releases of the current tab, by their names: what the list shows of them.
+    struct Known {
+        std::vector<MapFacts> maps;
+        bool hasPicture = false;
+        std::shared_ptr<const formats::Picture> picture; ///< null again where there are many
+    };
+    std::unordered_map<std::string, Known> known_;
+    std::deque<std::string> withPicture_;                 ///< the oldest first
+    std::vector<std::string> askedFor_;                   ///< their pictures, the last one first
+    std::unordered_map<std::string, std::string> looked_; ///< names by the paths that are wanted
+    std::size_t nextName_ = 0; ///< in the list, to be looked into behind the scenes
+    int untold_ = 0;           ///< facts that the list has not heard of
     /// Texts that were made empty for the editor, and go again where nobody has written into them.
     std::vector<std::string> madeTexts_;
     std::vector<std::string> tcCCodes;
