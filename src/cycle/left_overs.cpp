@@ -31,7 +31,7 @@ void removeLeftOvers(const releases::GameDirectory& game, bool everywhere) {
         return removeBelow(game, game.at(releases::dataTree), 2);
     for (const auto* folder : modifierFolders)
         removeBelow(game, game.at(folder), 0);
-    for (const auto* folder : {"VXL-Changes", "VXL-Sel", "VXL-Sets"})
+    for (const auto* folder : {"VXL-Cache", "VXL-Changes", "VXL-Sel", "VXL-Sets"})
         removeBelow(game, game.inDataTree(folder), 0);
 }
 

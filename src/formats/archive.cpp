@@ -24,7 +24,7 @@ constexpr std::size_t entrySize = 9;
 constexpr std::size_t recordSize = 9;
 constexpr std::size_t folderRecordSize = 8;
 constexpr std::size_t chunkHeaderSize = 19;
-constexpr std::size_t pieceSize = 65536;
+constexpr std::size_t pieceSize = Archive::pieceSize;
 constexpr std::size_t longestName = 255;
 
 constexpr std::uint8_t stored = 0;
@@ -264,8 +264,12 @@ Archive::Pieces::Pieces(const Archive& archive, std::size_t entry)
         at_ += tableSize(size_);
 }
 
+std::size_t Archive::Pieces::lengthOfNext() const {
+    return std::min<std::size_t>(size_ - done_, pieceSize);
+}
+
 std::string_view Archive::Pieces::next() {
-    piece_.resize(std::min<std::size_t>(size_ - done_, pieceSize));
+    piece_.resize(lengthOfNext());
     if (piece_.empty())
         return {};
     if (isPacked_) {
@@ -279,10 +283,23 @@ std::string_view Archive::Pieces::next() {
     return asText(piece_);
 }
 
-void Archive::Pieces::readChunk() {
+void Archive::Pieces::skip() {
+    const auto length = lengthOfNext();
+    if (length > 0)
+        at_ += isPacked_ ? chunkLength() : length;
+    done_ += length;
+}
+
+/// Of the chunk that comes next, which lies in the archive.
+std::uint32_t Archive::Pieces::chunkLength() const {
     const auto length = archive_->wordAt(table_ + done_ / pieceSize * 4);
     if (!archive_->has(at_, length))
         damaged("a chunk lies outside the archive");
+    return length;
+}
+
+void Archive::Pieces::readChunk() {
+    const auto length = chunkLength();
     chunk_.resize(length);
     archive_->plain(at_, chunk_);
     at_ += length;

@@ -1,8 +1,10 @@
-// Statements end at a semicolon, a brace or the line's end: people write several in one line.
+// Both readers take a file as people write it: keys in any case and any order.
 #include "formats/unit_file.h"
 
 #include <algorithm>
+#include <array>
 
+#include "formats/tdf.h"
 #include "platform/text.h"
 
 namespace formats {
@@ -13,42 +15,37 @@ constexpr std::string_view ending = ".fbi";
 constexpr std::string_view key = "unitname";
 constexpr std::size_t longestName = 255;
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t";
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
-/// Cuts what stands ahead of the next end of a statement.
-std::string_view cutStatement(std::string_view& text) {
-    const auto end = std::min(text.find_first_of(";{}]\r\n"), text.size());
-    const auto statement = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
-    return statement;
-}
-
-std::string withoutComments(std::string_view text) {
-    std::string plain;
-    for (std::size_t at = 0; at < text.size();) {
-        const auto start = std::min(text.find('/', at), text.size());
-        plain += text.substr(at, start - at);
-        const auto mark = text.substr(start, 2);
-        if (mark == "//") {
-            at = std::min(text.find_first_of("\r\n", start), text.size());
-        } else if (mark == "/*") {
-            const auto end = text.find("*/", start + 2);
-            at = end == std::string_view::npos ? text.size() : end + 2;
-        } else {
-            plain += text.substr(start, 1);
-            at = start + 1;
-        }
-    }
-    return plain;
-}
-
 bool isName(std::string_view text) {
     return !text.empty() && text.size() <= longestName &&
            std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) < ' '; });
+}
+
+struct TextKey {
+    std::string_view key;
+    std::string UnitInfo::*text;
+};
+constexpr std::array<TextKey, 5> textKeys = {{{"unitname", &UnitInfo::unitName},
+                                              {"name", &UnitInfo::name},
+                                              {"description", &UnitInfo::description},
+                                              {"side", &UnitInfo::side},
+                                              {"category", &UnitInfo::category}}};
+
+struct NumberKey {
+    std::string_view key;
+    std::optional<std::int64_t> UnitInfo::*number;
+};
+constexpr std::array<NumberKey, 4> numberKeys = {{{"buildcostenergy", &UnitInfo::energy},
+                                                  {"buildcostmetal", &UnitInfo::metal},
+                                                  {"maxdamage", &UnitInfo::maxDamage},
+                                                  {"buildtime", &UnitInfo::buildTime}}};
+
+void take(UnitInfo& info, std::string_view name, std::string_view value) {
+    for (const auto& each : textKeys)
+        if (platform::equalIgnoringCase(name, each.key) && (info.*each.text).empty())
+            info.*each.text = shownValue(value, longestName);
+    for (const auto& each : numberKeys)
+        if (platform::equalIgnoringCase(name, each.key) && !(info.*each.number))
+            info.*each.number = numberIn(value);
 }
 
 } // namespace
@@ -60,17 +57,31 @@ bool isUnitFile(std::string_view path) {
 }
 
 std::optional<std::string> unitNameIn(std::string_view text) {
-    const auto plain = withoutComments(text);
-    for (std::string_view rest = plain; !rest.empty();) {
-        const auto statement = cutStatement(rest);
-        const auto equals = statement.find('=');
-        if (equals == std::string_view::npos ||
-            !platform::equalIgnoringCase(trimmed(statement.substr(0, equals)), key))
-            continue;
-        const auto name = trimmed(statement.substr(equals + 1));
-        return isName(name) ? std::optional(std::string(name)) : std::nullopt;
-    }
-    return std::nullopt;
+    std::optional<std::string> found;
+    readTdf(text, {.onValue = [&](const TdfPlace& /*place*/, std::string_view name,
+                                  std::string_view value) {
+                if (!found && platform::equalIgnoringCase(name, key))
+                    found = value;
+            }});
+    return found && isName(*found) ? found : std::nullopt;
+}
+
+std::optional<UnitInfo> readUnitInfo(std::string_view text) {
+    std::optional<UnitInfo> info;
+    const auto isOurs = [](const TdfPlace& place) {
+        return place.depth == 0 && platform::equalIgnoringCase(place.section, "unitinfo");
+    };
+    readTdf(text, {.onSection =
+                       [&](const TdfPlace& section) {
+                           if (!info && isOurs(section))
+                               info.emplace();
+                       },
+                   .onValue =
+                       [&](const TdfPlace& place, std::string_view name, std::string_view value) {
+                           if (isOurs(place))
+                               take(*info, name, value);
+                       }});
+    return info;
 }
 
 } // namespace formats

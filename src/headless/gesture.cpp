@@ -50,6 +50,7 @@ bool canBePressed(windows::Control* control) {
         return static_cast<bool>(label->onClick);
     return dynamic_cast<windows::Button*>(control) != nullptr ||
            dynamic_cast<windows::CheckBox*>(control) != nullptr ||
+           dynamic_cast<windows::PictureBox*>(control) != nullptr ||
            dynamic_cast<windows::MenuItem*>(control) != nullptr;
 }
 
@@ -171,6 +172,8 @@ windows::Action actionOf(const Gesture& gesture) {
         return windows::press(*item);
     if (auto* box = dynamic_cast<windows::CheckBox*>(gesture.control))
         return windows::press(*box);
+    if (auto* picture = dynamic_cast<windows::PictureBox*>(gesture.control))
+        return windows::press(*picture);
     return windows::press(dynamic_cast<windows::Label&>(*gesture.control));
 }
 

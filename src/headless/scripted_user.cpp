@@ -3,7 +3,9 @@
 #include "headless/scripted_user.h"
 
 #include <algorithm>
+#include <chrono>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 namespace headless {
@@ -19,6 +21,25 @@ bool begins(const std::optional<std::string>& line, std::string_view word) {
 }
 
 } // namespace
+
+void waitForTimers(const std::function<std::vector<windows::Window*>()>& windows,
+                   const std::function<void()>& tick) {
+    using namespace std::chrono_literals;
+    const auto isRunning = [](const windows::Control* control) {
+        return dynamic_cast<const windows::Timer*>(control) != nullptr && control->enabled();
+    };
+    const auto isBusy = [&](const windows::Window* window) {
+        return std::ranges::any_of(window->controls(), isRunning);
+    };
+    const auto end = std::chrono::steady_clock::now() + 20s;
+    while (std::ranges::any_of(windows(), isBusy)) {
+        if (std::chrono::steady_clock::now() > end)
+            throw BadLine("wait");
+        tick();
+        // What they wait for may go on in another thread.
+        std::this_thread::sleep_for(1ms);
+    }
+}
 
 ScriptedUser::ScriptedUser(Script& script, Transcript transcript)
     : script_(script), transcript_(std::move(transcript)) {}

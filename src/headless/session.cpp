@@ -120,6 +120,8 @@ void SessionToolkit::carryOut(const std::string& line) {
     const auto& open = input_.open();
     if (line == "dump")
         return user_.tell(stateEvent(open));
+    if (line == "wait")
+        return waitForTimers([&] { return open; }, [this] { waitForTimer(); });
     if (open.empty())
         throw BadLine(line);
     const auto gesture = gestureOf(line, {open.back()});

@@ -24,6 +24,14 @@ std::string joined(const std::vector<std::string>& texts) {
     return all;
 }
 
+/// "126 x 63", or "none".
+std::string sizeOf(const windows::PictureBox& box) {
+    const auto& picture = box.picture();
+    return picture == nullptr
+               ? "none"
+               : std::to_string(picture->width) + " x " + std::to_string(picture->height);
+}
+
 void addRows(Event& state, const windows::Control& control) {
     auto rows = Event::array();
     if (const auto* list = dynamic_cast<const windows::MarkList*>(&control)) {
@@ -60,6 +68,8 @@ Event stateOf(const windows::Control& control) {
         state["checked"] = item->checked();
     if (const auto* box = dynamic_cast<const windows::CheckBox*>(&control))
         state["checked"] = box->checked();
+    if (const auto* box = dynamic_cast<const windows::PictureBox*>(&control))
+        state["picture"] = sizeOf(*box);
     return state;
 }
 

@@ -2,15 +2,18 @@
 #include "releases/guess.h"
 
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <string_view>
 
 #include "formats/archive.h"
 #include "formats/display_name.h"
+#include "formats/file_bytes.h"
 #include "formats/game_files.h"
 #include "formats/zip.h"
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "releases/contents.h"
 
 namespace releases {
 namespace {
@@ -19,6 +22,24 @@ namespace {
 constexpr std::size_t mostNames = 20'000;
 constexpr std::uint64_t largestPacked = 64U << 20U;
 constexpr int deepest = 8;
+constexpr std::size_t mostText = std::size_t{1} << 20U;
+
+/// The files that describe something of one kind. One that is there twice is one, and the text is
+/// that of the first.
+struct Described {
+    std::vector<std::string> names; ///< folded; two are enough to know that there are several
+    std::string text;
+};
+
+std::string permittedName(const std::string& text) {
+    auto name = formats::permittedPart(text);
+    const auto isSpare = [](char c) { return c == ' ' || c == '.'; };
+    while (!name.empty() && isSpare(name.back()))
+        name.pop_back();
+    name.erase(0, static_cast<std::size_t>(std::find_if_not(name.begin(), name.end(), isSpare) -
+                                           name.begin()));
+    return name;
+}
 
 class Look {
   public:
@@ -34,7 +55,7 @@ class Look {
                     at(path + "\\" + name, shown + "\\" + name, depth + 1);
             return;
         }
-        note(shown);
+        note(shown, [&] { return beginningOf(path); });
         platform::attempt([&] {
             if (platform::endsWithIgnoringCase(shown, ".zip"))
                 atZip(path);
@@ -68,8 +89,64 @@ class Look {
         return ReleaseType::none;
     }
 
+    /// Name and about text of the only map, or the only unit.
+    void describe(Guess& guess) const {
+        if (maps_.names.size() == 1) {
+            if (const auto info = formats::readMapInfo(maps_.text))
+                tell(guess, info->name, aboutText(*info));
+        } else if (maps_.names.empty() && units_.names.size() == 1) {
+            if (const auto info = formats::readUnitInfo(units_.text))
+                tell(guess, info->name.empty() ? info->unitName : info->name, aboutText(*info));
+        }
+    }
+
   private:
-    void note(const std::string& name) { names_.push_back(platform::foldCase("\\" + name)); }
+    static void tell(Guess& guess, const std::string& name, const std::string& about);
+
+    /// The content is asked for where it is needed.
+    template <typename Read>
+    void note(const std::string& name, const Read& read) {
+        names_.push_back(platform::foldCase("\\" + name));
+        const std::string_view path = names_.back();
+        const auto isOf = [path](std::string_view folder, std::string_view ending) {
+            return path.find(folder) != std::string_view::npos && path.ends_with(ending);
+        };
+        auto* described = isOf("\\maps\\", ".ota")    ? &maps_
+                          : isOf("\\units\\", ".fbi") ? &units_
+                                                      : nullptr;
+        if (described == nullptr || described->names.size() > 1)
+            return;
+        const std::string file(path.substr(path.rfind('\\')));
+        if (std::ranges::find(described->names, file) != described->names.end())
+            return;
+        described->names.push_back(file);
+        if (described->names.size() == 1)
+            platform::attempt([&] { described->text = read(); });
+    }
+
+    std::string beginningOf(const std::string& path) {
+        const auto reader = disk_.openFile(path);
+        std::vector<std::uint8_t> bytes(std::min<std::uint64_t>(reader->size(), mostText));
+        bytes.resize(reader->read(bytes));
+        return {bytes.begin(), bytes.end()};
+    }
+
+    static std::string textIn(const formats::Archive& archive, std::size_t entry) {
+        formats::BytesInArchive file(archive, entry, largestPacked);
+        const auto bytes = file.all(mostText);
+        return {bytes.begin(), bytes.end()};
+    }
+
+    static std::string unpacked(formats::ZipReader& zip, std::uint64_t most) {
+        std::string bytes;
+        zip.extract([&](std::string_view piece) {
+            // What an archive claims of its sizes is not to be believed.
+            if (bytes.size() + piece.size() > most)
+                throw platform::Failure("read", "an entry", "too large");
+            bytes += piece;
+        });
+        return bytes;
+    }
 
     void atArchive(std::span<const std::uint8_t> bytes) {
         const auto archive = formats::Archive::open(bytes);
@@ -77,7 +154,7 @@ class Look {
             return;
         for (std::size_t i = 0; i < archive->entries().size() && names_.size() < mostNames; ++i)
             if (!archive->entries()[i].isFolder)
-                note(archive->pathOf(i));
+                note(archive->pathOf(i), [&] { return textIn(*archive, i); });
     }
 
     void atZip(const std::string& path) {
@@ -85,22 +162,18 @@ class Look {
         while (const auto entry = zip.next()) {
             if (entry->isFolder || names_.size() >= mostNames)
                 continue;
-            note(entry->path);
+            note(entry->path, [&] { return unpacked(zip, mostText); });
             if (!formats::isGameArchive(entry->path) || entry->size > largestPacked)
                 continue;
-            std::vector<std::uint8_t> bytes;
-            zip.extract([&](std::string_view piece) {
-                // What an archive claims of its sizes is not to be believed.
-                if (bytes.size() + piece.size() > largestPacked)
-                    throw platform::Failure("read", path, "too large");
-                bytes.insert(bytes.end(), piece.begin(), piece.end());
-            });
-            atArchive(bytes);
+            const auto bytes = unpacked(zip, largestPacked);
+            atArchive({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
         }
     }
 
     platform::Disk& disk_;
     std::vector<std::string> names_;
+    Described maps_;
+    Described units_;
 };
 
 std::string nameOf(std::string path, const platform::EntryKind kind) {
@@ -110,13 +183,13 @@ std::string nameOf(std::string path, const platform::EntryKind kind) {
     const auto dot = path.rfind('.');
     if (kind == platform::EntryKind::file && dot != std::string::npos && dot > 0)
         path.resize(dot);
-    auto name = formats::permittedPart(path);
-    const auto isSpare = [](char c) { return c == ' ' || c == '.'; };
-    while (!name.empty() && isSpare(name.back()))
-        name.pop_back();
-    name.erase(0, static_cast<std::size_t>(std::find_if_not(name.begin(), name.end(), isSpare) -
-                                           name.begin()));
-    return name;
+    return permittedName(path);
+}
+
+void Look::tell(Guess& guess, const std::string& name, const std::string& about) {
+    if (const auto permitted = permittedName(name); !permitted.empty())
+        guess.name = permitted;
+    guess.about = about;
 }
 
 } // namespace
@@ -130,6 +203,7 @@ Guess guessRelease(platform::Disk& disk, const std::vector<std::string>& paths) 
     for (const auto& path : paths)
         platform::attempt([&] { look.at(path, path.substr(path.find_last_of("/\\") + 1)); });
     guess.type = look.type();
+    look.describe(guess);
     return guess;
 }
 

@@ -143,8 +143,12 @@ std::optional<std::string> Store::placeOfText(ReleaseType type, std::string_view
 }
 
 Tally Store::tallyOf(ReleaseType type, std::string_view displayName) const {
+    return {game_.disk(), {pathOf(type, displayName)}};
+}
+
+std::string Store::pathOf(ReleaseType type, std::string_view displayName) const {
     const auto loose = looseFileOf(type, displayName);
-    return {game_.disk(), {loose ? *loose : folderOf(type, displayName)}};
+    return loose ? *loose : folderOf(type, displayName);
 }
 
 std::int64_t Store::dateOf(ReleaseType type, std::string_view displayName) const {

@@ -11,6 +11,7 @@
 #include "elided.h"
 #include "figure_bar.h"
 #include "mark_list_view.h"
+#include "picture_view.h"
 #include "tab_badges.h"
 #include "text_follower.h"
 #include "tree_view.h"
@@ -228,6 +229,17 @@ QListWidget* WindowView::listBox(windows::ListBox& control) {
                 row->setForeground(widget->palette().color(QPalette::PlaceholderText));
         }
     });
+    return widget;
+}
+
+PictureView* WindowView::picture(windows::PictureBox& control, QSize size) {
+    auto* widget = new PictureView(size, this);
+    bind(control, widget, [&control, widget] {
+        widget->setPicture(control.picture());
+        widget->setAccessibleName(shown(control.text()));
+    });
+    connect(widget, &QAbstractButton::clicked, this,
+            [this, &control] { post(windows::press(control)); });
     return widget;
 }
 

@@ -86,10 +86,12 @@ MainView::MainView(windows::frmMain& main, QtToolkit& toolkit)
     whole->addWidget(progressBar(main_.barWork));
     timer(main_.tmrSleep);
     timer(main_.tmrTally);
+    timer(main_.tmrContents);
     std::vector<windows::Control*> order = {
-        &main_.tspMain,       &main_.lstList,   &main_.lblUndoLink, &main_.lblRename,
-        &main_.lblEditAbout,  &main_.txtAbout,  &main_.cmdReadme,   &main_.cmdExplore,
-        &main_.lblEditCCodes, &main_.txtCCodes, &main_.cmdAdd,      &main_.cmdHelp,
+        &main_.tspMain,       &main_.lstList,     &main_.lblUndoLink, &main_.lblRename,
+        &main_.lblEditAbout,  &main_.picContents, &main_.cmdPrevious, &main_.cmdNext,
+        &main_.treUnits,      &main_.txtAbout,    &main_.cmdReadme,   &main_.cmdExplore,
+        &main_.lblEditCCodes, &main_.txtCCodes,   &main_.cmdAdd,      &main_.cmdHelp,
         &main_.cmdRemove};
     for (const auto& summary : main_.summaries())
         order.push_back(&summary->box);
@@ -138,6 +140,8 @@ void MainView::showRest(bool rests) {
     QTimer::singleShot(0, this, [this] { findChild<QWidget*>("lstList")->setFocus(); });
     const auto& tabs = main_.tspMain.captions();
     const auto* memory = toolkit_.memory();
+    if (memory != nullptr && memory->value("main/tiles").toBool())
+        findChild<QAction*>("showsPictures")->setChecked(true);
     const auto tab = memory == nullptr ? 0U : memory->value("main/tab").toUInt();
     if (tab > 0 && tab < tabs.size())
         post(windows::choose(main_.tspMain, tabs[tab]));
@@ -209,6 +213,7 @@ QWidget* MainView::infoSide() {
         column->addLayout(row);
     };
     headed(main_.lblAbout, main_.lblEditAbout);
+    column->addWidget(contentsPane());
     auto* about = textEdit(main_.txtAbout);
     about->setAccessibleName("Information");
     about->setMinimumHeight(40);

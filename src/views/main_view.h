@@ -1,6 +1,8 @@
 // The main window on the screen.
 #pragma once
 
+#include <functional>
+
 #include "views/window_view.h"
 #include "windows/frmMain.h"
 
@@ -35,15 +37,18 @@ class MainView final : public WindowView {
     void addTabKeys(QTabBar* tabs);
     QLineEdit* filterOf(MarkListView* list);
     QWidget* infoSide();
+    QWidget* contentsPane();
     QWidget* setupFrame();
     QLayout* undoBar();
     QMenu* listMenu(MarkListView* list);
+    void addTilesItem(QMenu* menu, MarkListView* list);
     QAction* commandOf(QMenu* menu, const QString& caption, windows::Control& control);
     void setTabOrderOf(const std::vector<windows::Control*>& controls);
 
     windows::frmMain& main_;
     QWidget* content_;
     QSplitter* sides_;
+    std::function<void()> showTiles_; ///< or rows, as tab and switch want it
     bool isFilled_ = false;
 };
 

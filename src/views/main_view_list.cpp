@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QSettings>
 #include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -94,6 +95,9 @@ QWidget* MainView::listSide() {
     auto* tally = label(main_.lblTally);
     tally->setProperty("quiet", true);
     column->addWidget(tally);
+    auto* contents = label(main_.lblContents);
+    contents->setProperty("quiet", true);
+    column->addWidget(contents);
     column->addWidget(link(main_.lblRename), 0, Qt::AlignLeft);
     auto* menu = listMenu(list);
     more->setMenu(menu);
@@ -164,7 +168,8 @@ QMenu* MainView::listMenu(MarkListView* list) {
     for (const auto& [caption, order] :
          {std::pair("In &Listed Order", Order::asListed), std::pair("By Na&me", Order::byName),
           std::pair("Ticked Fi&rst", Order::tickedFirst),
-          std::pair("Ne&west First", Order::newestFirst)}) {
+          std::pair("Ne&west First", Order::newestFirst),
+          std::pair("By &Players", Order::byPlayers), std::pair("By Si&ze", Order::bySize)}) {
         auto* action =
             menu->addAction(caption, list, [list, wanted = order] { list->setOrder(wanted); });
         action->setCheckable(true);
@@ -176,6 +181,7 @@ QMenu* MainView::listMenu(MarkListView* list) {
     about->setObjectName("searchesAbout");
     about->setCheckable(true);
     connect(about, &QAction::toggled, list, &MarkListView::setSearchesAbout);
+    addTilesItem(menu, list);
     connect(menu, &QMenu::aboutToShow, this, [this, list, tick, all, none, some] {
         const auto row = list->currentIndex();
         tick->setEnabled(row.isValid());
@@ -188,6 +194,26 @@ QMenu* MainView::listMenu(MarkListView* list) {
     return menu;
 }
 
+/// Maps and units have pictures; the switch stays as it is for the others.
+void MainView::addTilesItem(QMenu* menu, MarkListView* list) {
+    auto* tiles = menu->addAction("Show Pict&ures");
+    tiles->setObjectName("showsPictures");
+    tiles->setCheckable(true);
+    tiles->setShortcut(QKeySequence("Ctrl+T"));
+    addAction(tiles);
+    showTiles_ = [this, tiles, list] {
+        const auto type =
+            main_.summaries()[static_cast<std::size_t>(main_.tspMain.index())]->type.type;
+        list->setTiles(tiles->isChecked() &&
+                       (type == releases::ReleaseType::map || type == releases::ReleaseType::unit));
+    };
+    connect(tiles, &QAction::toggled, this, [this](bool shows) {
+        showTiles_();
+        if (auto* memory = toolkit_.memory(); memory != nullptr)
+            memory->setValue("main/tiles", shows);
+    });
+}
+
 /// Hides rows and changes nothing else: marks stay, and the logic sees all items.
 QLineEdit* MainView::filterOf(MarkListView* list) {
     auto* filter = new FilterEdit(list, this);
@@ -197,6 +223,7 @@ QLineEdit* MainView::filterOf(MarkListView* list) {
     list->onRefilled = [this, filter, tab = main_.tspMain.index()]() mutable {
         if (std::exchange(tab, main_.tspMain.index()) != tab)
             filter->clear();
+        showTiles_();
     };
     auto* shortcut = new QShortcut(QKeySequence("Ctrl+L"), this);
     connect(shortcut, &QShortcut::activated, filter, [filter] {

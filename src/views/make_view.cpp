@@ -3,6 +3,7 @@
 
 #include "directories_view.h"
 #include "main_view.h"
+#include "picture_window.h"
 #include "preview_views.h"
 #include "sets_view.h"
 #include "text_views.h"
@@ -16,6 +17,8 @@ std::unique_ptr<WindowView> makeView(windows::Window& window, QtToolkit& toolkit
         return std::make_unique<MainView>(*main, toolkit);
     if (auto* readme = dynamic_cast<windows::frmShowReadme*>(&window))
         return makeShowReadmeView(*readme, toolkit);
+    if (auto* picture = dynamic_cast<windows::frmPicture*>(&window))
+        return makePictureWindow(*picture, toolkit);
     if (auto* preview = dynamic_cast<windows::frmPreview*>(&window))
         return makePreviewView(*preview, toolkit);
     if (auto* answers = dynamic_cast<windows::frmAnswers*>(&window))

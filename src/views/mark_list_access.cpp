@@ -12,6 +12,11 @@ class MarkRowAccess final : public RowAccess {
     MarkRowAccess(MarkListView* list, int row) : RowAccess(list), list_(list), row_(row) {}
 
     QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Description) {
+            auto notes = index().data(MarkListModel::notesRole).toStringList();
+            notes.removeAll("");
+            return notes.join(", ");
+        }
         return kind == QAccessible::Name ? index().data().toString() : QString();
     }
     QAccessible::Role role() const override { return QAccessible::CheckBox; }

@@ -20,6 +20,15 @@ QVariant MarkListModel::data(const QModelIndex& index, int role) const {
         return shown(list_.itemText(index.row()));
     case Qt::CheckStateRole:
         return list_.marked(index.row()) ? Qt::Checked : Qt::Unchecked;
+    case itemRole:
+        return index.row();
+    case notesRole: {
+        QStringList notes;
+        if (const auto* maps = list_.factsOf ? list_.factsOf(list_.itemText(index.row())) : nullptr)
+            for (const auto& note : windows::notesOf(*maps))
+                notes << shown(note);
+        return notes;
+    }
     default:
         return {};
     }

@@ -13,6 +13,11 @@ class MarkListModel final : public QAbstractListModel {
     Q_OBJECT
 
   public:
+    /// What stands beside the text, as a QStringList.
+    static constexpr int notesRole = Qt::UserRole + 1;
+    /// The number of the item in the list.
+    static constexpr int itemRole = Qt::UserRole + 2;
+
     explicit MarkListModel(const windows::MarkList& list, QObject* parent = nullptr);
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -1,6 +1,9 @@
 // Ties keep the order of the list.
 #include "mark_list_rows.h"
 
+#include <algorithm>
+#include <limits>
+
 #include <QElapsedTimer>
 
 #include "mark_list_model.h"
@@ -24,7 +27,8 @@ MarkListRows::MarkListRows(const windows::MarkList& list, QObject* parent)
 }
 
 void MarkListRows::setFilter(const QString& text) {
-    filter_ = text;
+    wanted_ = windows::ListFilter::parse(text.toStdString());
+    filter_ = QString::fromStdString(wanted_.text());
     invalidateFilter();
 }
 
@@ -39,6 +43,29 @@ void MarkListRows::setOrder(Order order) {
     sort(order == Order::asListed ? -1 : 0);
 }
 
+void MarkListRows::followFacts() {
+    if (order_ == Order::byPlayers || order_ == Order::bySize)
+        invalidate();
+    else if (wanted_.hasConditions())
+        invalidateFilter();
+}
+
+const std::vector<windows::MapFacts>& MarkListRows::mapsOf(int item) const {
+    static const std::vector<windows::MapFacts> none;
+    const auto* maps = list_.factsOf ? list_.factsOf(list_.itemText(item)) : nullptr;
+    return maps == nullptr ? none : *maps;
+}
+
+/// The most players of its maps, or the largest size. What is not known comes last.
+int MarkListRows::rankOf(int item) const {
+    int rank = 0;
+    for (const auto& map : mapsOf(item))
+        rank = std::max(rank, order_ == Order::bySize ? map.size.width * map.size.height
+                              : map.players.empty()   ? 0
+                                                      : map.players.back());
+    return rank == 0 ? std::numeric_limits<int>::max() : rank;
+}
+
 void MarkListRows::forget() {
     dates_.clear();
     abouts_.clear();
@@ -46,6 +73,8 @@ void MarkListRows::forget() {
 }
 
 bool MarkListRows::filterAcceptsRow(int row, const QModelIndex& /*parent*/) const {
+    if (wanted_.hasConditions() && !wanted_.accepts(mapsOf(row)))
+        return false;
     return filter_.isEmpty() ||
            sourceModel()->index(row, 0).data().toString().contains(filter_, Qt::CaseInsensitive) ||
            (searchesAbout_ && aboutHasFilter(row));
@@ -96,6 +125,11 @@ bool MarkListRows::lessThan(const QModelIndex& one, const QModelIndex& other) co
     case Order::newestFirst:
         if (dateOf(one.row()) != dateOf(other.row()))
             return dateOf(one.row()) > dateOf(other.row());
+        break;
+    case Order::byPlayers:
+    case Order::bySize:
+        if (rankOf(one.row()) != rankOf(other.row()))
+            return rankOf(one.row()) < rankOf(other.row());
         break;
     case Order::asListed:
         break;

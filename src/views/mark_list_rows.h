@@ -21,6 +21,8 @@ class MarkListRows final : public QSortFilterProxyModel {
     void setSearchesAbout(bool searches);
     bool searchesAbout() const { return searchesAbout_; }
     void setOrder(MarkListView::Order order);
+    /// More is known of the items: rows may come, or come in another order.
+    void followFacts();
     /// The items are others now: what was known of them is not.
     void forget();
     /// Whether rows may come still: about texts are read bit by bit, never in the way of a key.
@@ -37,9 +39,12 @@ class MarkListRows final : public QSortFilterProxyModel {
   private:
     std::int64_t dateOf(int item) const;
     bool aboutHasFilter(int item) const;
+    const std::vector<windows::MapFacts>& mapsOf(int item) const;
+    int rankOf(int item) const;
     void readOn();
 
     const windows::MarkList& list_;
+    windows::ListFilter wanted_; ///< of maps, beside the text
     QString filter_;
     bool searchesAbout_ = false;
     MarkListView::Order order_ = MarkListView::Order::asListed;

@@ -7,20 +7,24 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "cut_text_tip.h"
 #include "mark_list_access.h"
+#include "mark_list_painter.h"
 #include "mark_list_rows.h"
 
 namespace views {
 
 MarkListView::MarkListView(const windows::MarkList& list, Gestures gestures, QWidget* parent)
     : QListView(parent), items_(new MarkListModel(list, this)), rows_(new MarkListRows(list, this)),
-      list_(list), gestures_(std::move(gestures)) {
+      list_(list), painter_(new MarkListPainter(list, this)), gestures_(std::move(gestures)) {
     makeMarkListsAccessible();
     rows_->setSourceModel(items_);
     setModel(rows_);
+    setItemDelegate(painter_);
     setUniformItemSizes(true);
+    setMovement(QListView::Static);
     setTextElideMode(Qt::ElideRight);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListView::clicked, this,
@@ -52,6 +56,19 @@ void MarkListView::setOrder(Order order) {
     scrollTo(currentIndex());
 }
 
+void MarkListView::setTiles(bool tiles) {
+    if (tiles == painter_->tiles())
+        return;
+    painter_->setTiles(tiles);
+    setViewMode(tiles ? QListView::IconMode : QListView::ListMode);
+    setMovement(QListView::Static);
+    setResizeMode(tiles ? QListView::Adjust : QListView::Fixed);
+    setSpacing(0);
+    setWrapping(tiles);
+    scheduleDelayedItemsLayout();
+    scrollTo(currentIndex());
+}
+
 void MarkListView::setPlaceholders(const Placeholders& placeholders) {
     placeholders_ = placeholders;
     viewport()->update();
@@ -66,7 +83,12 @@ QString MarkListView::placeholder() const {
 void MarkListView::follow() {
     if (list_.revision() != items_->revision())
         rows_->forget();
-    if (!items_->follow())
+    const bool areOthers = items_->follow();
+    if (std::exchange(factsRevision_, list_.factsRevision()) != list_.factsRevision()) {
+        rows_->followFacts();
+        keepLooking();
+    }
+    if (!areOthers)
         return;
     wasFilled_ = true;
     scrollToTop();
@@ -207,7 +229,12 @@ void MarkListView::mousePressEvent(QMouseEvent* event) {
 bool MarkListView::viewportEvent(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QListView::viewportEvent(event);
-    tipOfCutRow(*this, *static_cast<QHelpEvent*>(event));
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const auto index = indexAt(help->pos());
+    if (index.isValid() && painter_->isCut(index, visualRect(index)))
+        QToolTip::showText(help->globalPos(), inLines(index.data().toString(), *this), this);
+    else
+        QToolTip::hideText();
     return true;
 }
 

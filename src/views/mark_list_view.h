@@ -13,6 +13,7 @@
 
 namespace views {
 
+class MarkListPainter;
 class MarkListRows;
 
 class MarkListView final : public QListView {
@@ -33,7 +34,7 @@ class MarkListView final : public QListView {
     void setFilter(const QString& text);
     /// Looks for it in the longer texts about the items too.
     void setSearchesAbout(bool searches);
-    enum class Order { asListed, byName, tickedFirst, newestFirst };
+    enum class Order { asListed, byName, tickedFirst, newestFirst, byPlayers, bySize };
     /// Rows come in that order until they are filled anew; a tick moves none.
     void setOrder(Order order);
     struct Placeholders {
@@ -41,6 +42,8 @@ class MarkListView final : public QListView {
         QString noMatch;
         QString noMatchInAbout; ///< where about texts are searched too
     };
+    /// Pictures of the items, or a row for each.
+    void setTiles(bool tiles);
     void setPlaceholders(const Placeholders& placeholders);
     /// What stands there where no row is shown.
     QString placeholder() const;
@@ -84,9 +87,11 @@ class MarkListView final : public QListView {
     MarkListModel* items_;
     MarkListRows* rows_;
     const windows::MarkList& list_;
+    MarkListPainter* painter_;
     Gestures gestures_;
     /// The item that is looked at, shown or not.
     QPersistentModelIndex looked_;
+    unsigned factsRevision_ = 0;
     bool wasFilled_ = false;
     Placeholders placeholders_;
     /// Since the last letter of a name that is typed.

@@ -25,6 +25,28 @@ QString wholeRow(const windows::TreeList::Row& row) {
     return texts.join(", ");
 }
 
+/// Texts that are numbers come by their size, ahead of all others.
+class TreeRows final : public QSortFilterProxyModel {
+  public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+  protected:
+    bool lessThan(const QModelIndex& one, const QModelIndex& other) const override {
+        const auto text = one.data().toString();
+        const auto otherText = other.data().toString();
+        bool isNumber = false;
+        bool isOtherNumber = false;
+        const auto number = text.toLongLong(&isNumber);
+        const auto otherNumber = otherText.toLongLong(&isOtherNumber);
+        if (isNumber != isOtherNumber)
+            return isNumber;
+        if (isNumber && number != otherNumber)
+            return number < otherNumber;
+        const int order = QString::compare(text, otherText, Qt::CaseInsensitive);
+        return order != 0 ? order < 0 : one.row() < other.row();
+    }
+};
+
 } // namespace
 
 TreeModel::TreeModel(const windows::TreeList& tree, QObject* parent)
@@ -134,7 +156,7 @@ void TreeModel::noteOrder(int place) {
 
 TreeView::TreeView(const windows::TreeList& tree, Picked picked, QWidget* parent)
     : QTreeView(parent), tree_(tree), picked_(std::move(picked)), model_(new TreeModel(tree, this)),
-      filtered_(new QSortFilterProxyModel(this)) {
+      filtered_(new TreeRows(this)) {
     makeTreesAccessible();
     filtered_->setSourceModel(model_);
     filtered_->setRecursiveFilteringEnabled(true);
@@ -181,6 +203,12 @@ void TreeView::setFilter(const QString& text) {
     filtered_->setFilterFixedString(text);
     showChildren();
     showCurrent();
+}
+
+void TreeView::setSortable() {
+    // As the logic has them until the user wants them otherwise.
+    header()->setSortIndicator(-1, Qt::AscendingOrder);
+    setSortingEnabled(true);
 }
 
 /// What was found is seen; without a filter all is as the user or the logic has it.

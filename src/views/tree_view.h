@@ -62,6 +62,8 @@ class TreeView final : public QTreeView {
     void follow();
     /// Only rows that hold this text in any column, with the folders that lead to them.
     void setFilter(const QString& text);
+    /// A click on a column's heading sorts the rows by it, numbers by their size.
+    void setSortable();
 
     /// The rows in the order in which they stand below each other, from 0. One that the filter
     /// hides has no index.

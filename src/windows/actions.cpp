@@ -35,6 +35,10 @@ Action press(MenuItem& item) {
     return pressed(item, nullptr);
 }
 
+Action press(PictureBox& box) {
+    return pressed(box, nullptr);
+}
+
 Action press(CheckBox& box) {
     return {&box.window(), &box, nullptr, [&box] { box.click(); }, {}};
 }

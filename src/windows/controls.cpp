@@ -59,6 +59,13 @@ void ProgressBar::setDone(std::size_t done, std::size_t all) {
     setDone(all == 0 ? whole : static_cast<int>(done * whole / all));
 }
 
+void PictureBox::setPicture(std::shared_ptr<const formats::Picture> picture, std::string text) {
+    if (picture == picture_ && text == this->text())
+        return;
+    picture_ = std::move(picture);
+    setText(std::move(text));
+}
+
 void CheckBox::setChecked(bool checked) {
     if (std::exchange(checked_, checked) != checked)
         changed();

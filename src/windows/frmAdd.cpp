@@ -90,6 +90,8 @@ void frmAdd::takeFiles(const std::vector<std::string>& files) {
         txt1Name.setText(guess.name);
         txt1Name_LostFocus();
     }
+    if (txt1About.text().empty())
+        txt1About.setText(platform::toUtf8(guess.about));
     std::string names;
     for (const auto& path : taken_)
         names += (names.empty() ? "" : ", ") + path.substr(path.find_last_of("/\\") + 1);

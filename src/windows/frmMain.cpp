@@ -56,6 +56,7 @@ void frmMain::wire() {
     };
     lblUndoLink.onClick = [this] { lblUndoLink_Click(); };
     tmrTally.onTick = [this] { tmrTally_Timer(); };
+    wireContents();
     onDrop = [this](const auto& paths) { addRelease(paths); };
     tmrSleep.onTick = [this] { tmrSleep_Timer(); };
     cmdGo.onClick = [this] { cmdGo_Click(); };

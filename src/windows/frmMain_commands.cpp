@@ -38,6 +38,7 @@ void frmMain::lblRename_Click() {
     if (newName.empty() || newName == oldName)
         return;
     revertSels(true);
+    stopLooking();
     if (const auto reason = store_.rename(currentType().type, oldName, newName); !reason.empty())
         return warn("The " + getLongSelType() + " could not be renamed.\r\n\r\n" + reason);
     newNames_.emplace(currentType().type, newName);
@@ -71,6 +72,7 @@ void frmMain::cmdRemove_Click() {
     releases::Store::Removal removal;
     whileWorking([&] {
         revertSels(true);
+        stopLooking();
         removal = store_.remove(type, name);
     });
     forgetCleared(type, name);
@@ -178,6 +180,7 @@ void frmMain::cmdAdd_Click() {
 /// With the files that it is to bring, where the user has dropped some.
 void frmMain::addRelease(const std::vector<std::string>& paths) {
     revertSels(true);
+    stopLooking();
     {
         frmAdd wizard(*this, getShortSelType(), paths);
         toolkit().showModal(wizard);
@@ -189,6 +192,7 @@ void frmMain::mnuUconverter_Click() {
     tell("Please note that TAM Releases are not supported, and likely will NOT work unless you "
          "manually create a monolithic totala1.hpi file.  Also, any TAM-format release that "
          "includes a soft mutator will not work at all.");
+    stopLooking();
     frmTAM wizard(*this);
     wizard.Form_Load();
     toolkit().showModal(wizard);
@@ -201,6 +205,7 @@ void frmMain::cmdClean_Click() {
         return;
     whileWorking([this] {
         revertSels(false);
+        stopLooking();
         cycle::cleanGameDirectory(game_, machine_.programName, unfinished_);
     });
 }

@@ -100,6 +100,7 @@ void frmMain::playAndComeBack() {
     platform::attempt([this] { resetGameDirectory(); });
     lookForGame();
     platform::attempt([this] { readReleases(); });
+    goOnLooking();
     show();
     setResting(false);
 }

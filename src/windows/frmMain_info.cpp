@@ -35,6 +35,7 @@ releases::ReleaseTexts frmMain::showTexts(const std::string& name) {
         panes_.readmePath = *texts.readme;
     tally_.emplace(store_.tallyOf(type.type, name));
     tmrTally.setEnabled(true);
+    lookInto(name);
     return texts;
 }
 

@@ -51,6 +51,7 @@ void frmMain::doList() {
     current_.reset();
     tally_.reset();
     lblTally.setText("");
+    forgetFound();
     if (!counts_.empty())
         counts_[static_cast<std::size_t>(type.tab)] = static_cast<int>(listed_.size());
     if (type.isSingle())

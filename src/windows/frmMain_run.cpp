@@ -185,6 +185,7 @@ void frmMain::tellOfDamage(const cycle::LastLaunch& last) {
 
 bool frmMain::moveFiles() {
     setResting(true);
+    stopLooking();
     const auto journal =
         cycle::makePlan(game_, selection_, unfinished_, {&chosen_, &answers_, wasPreviewed_})
             .journal();
@@ -208,6 +209,8 @@ bool frmMain::moveFiles() {
         log_.close();
     if (!problem.empty())
         warn(problem);
+    if (!isMoved)
+        goOnLooking();
     setResting(false);
     return isMoved;
 }

@@ -31,6 +31,7 @@ void frmMain::show(List list) {
     if (list == List::follows)
         showList();
     put(lblAbout, panes_.heading);
+    showContents();
     put(txtAbout, panes_.about);
     put(txtCCodes, panes_.codes);
     put(cmdReadme, panes_.readmeCaption);

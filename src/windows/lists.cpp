@@ -79,6 +79,11 @@ void MarkList::markAll(const std::vector<std::string>& texts, bool marked) {
         onMarkAll(texts, marked);
 }
 
+void MarkList::tellFacts() {
+    ++factsRevision_;
+    changed();
+}
+
 void ListBox::clear() {
     items_.clear();
     changed();

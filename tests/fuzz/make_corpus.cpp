@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "packing/map_writer.h"
 #include "packing/zip_writer.h"
 
 int main(int argc, char** argv) {
@@ -53,4 +54,16 @@ int main(int argc, char** argv) {
     put("menu/page", "\1name=UNIT1;\r\nheight=64;\r\nname=igpatch;\r\nheight=64;\r\n");
     put("menu/download", "\2[MENUENTRY1]\r\n{\r\n\tUNITMENU=XYZ;\r\n\tMENU=-3.5;\r\n\tBUTTON=7;\r\n"
                          "\tUNITNAME=UNIT2;\r\n}\r\n");
+    auto map = packing::drawMap(1, 16, 8, 70);
+    map.pictureWidth = map.pictureHeight = 4;
+    map.picture.resize(16);
+    put("tnt/picture", packing::mapFile(map));
+    map.picture.clear();
+    put("tnt/heights", packing::mapFile(map));
+    put("pcx/unit", packing::pcxFile(96, 96, packing::drawUnit(1)));
+    put("pcx/odd", packing::pcxFile(3, 2, {1, 1, 0xC9, 2, 3, 4}));
+    put("ota/map",
+        "[GlobalHeader]\r\n{\r\nmissionname=A; // b\r\nnumplayers=2, 4-6;\r\n"
+        "size=36 x 16;\r\ngravity=-1.5;\r\n[Schema 0]\r\n{\r\nType=Network 1;\r\n}\r\n}");
+    put("ota/unit", "[UNITINFO]{UnitName=A;Name=B;/* c */BuildCostEnergy=1;Side=D;}");
 }

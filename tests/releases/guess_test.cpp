@@ -64,6 +64,38 @@ TEST_F(GuessTest, a_name_has_only_what_names_may_have) {
     }
 }
 
+TEST_F(GuessTest, the_only_map_or_unit_tells_name_and_text) {
+    const std::string ota = "[GlobalHeader]{missionname=Great: Divide;missiondescription=One "
+                            "bridge;size=4 x 6;numplayers=2;planet=Green;}";
+    const std::string fbi = "[UNITINFO]{UnitName=CRANE;Description=Lifts;Side=ARM;"
+                            "BuildCostMetal=1200;}";
+    const auto ufo = [](const packing::PackedFiles& files) { return packing::packArchive(files); };
+    game.put("map.ufo", ufo({{"maps\\d.ota", ota}, {"units\\c.fbi", fbi}}));
+    game.put("unit.ufo", ufo({{"units\\c.fbi", fbi}}));
+    game.put("two.ufo", ufo({{"maps\\d.ota", ota}, {"maps\\e.ota", ota}}));
+    game.put("in.zip", packing::packZip({{"x/in.ufo", ufo({{"maps\\d.ota", ota}})}}));
+    game.put("loose/maps/d.ota", ota);
+    game.put("nothing.ufo", ufo({{"maps\\d.ota", "missionname=x;"}}));
+    game.put("spare.ufo", ufo({{"maps\\d.ota", "[GlobalHeader]{missionname=+++;}"}}));
+    const std::string mapText = "One bridge\r\n4 x 6, 2 players, Green\r\n";
+    const struct {
+        const char* file;
+        const char* name;
+        std::string about;
+    } rows[] = {{"map.ufo", "Great Divide", mapText},
+                {"unit.ufo", "CRANE", "Lifts\r\nARM, 1,200 metal\r\n"},
+                {"two.ufo", "two", ""},
+                {"in.zip", "Great Divide", mapText},
+                {"loose", "Great Divide", mapText},
+                {"nothing.ufo", "nothing", ""},
+                {"spare.ufo", "spare", ""}};
+    for (const auto& row : rows) {
+        const auto guess = guessRelease(*disk, {path(row.file)});
+        EXPECT_EQ(guess.name, row.name) << row.file;
+        EXPECT_EQ(guess.about, row.about) << row.file;
+    }
+}
+
 TEST_F(GuessTest, a_tally_counts_bit_by_bit) {
     for (int number = 0; number < 1200; ++number)
         game.put("r/deep/" + std::to_string(number), "12");

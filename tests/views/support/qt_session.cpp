@@ -182,6 +182,8 @@ void QtSessionToolkit::carryOut(const std::string& line) {
     if (line == "dump")
         return dump();
     const auto& open = input().open();
+    if (line == "wait")
+        return headless::waitForTimers([&] { return open; }, [this] { waitForTimer(); });
     if (open.empty())
         throw headless::BadLine(line);
     const auto gesture = headless::gestureOf(line, {open.back()});

@@ -17,6 +17,7 @@
 #include <QTimer>
 #include <QTreeView>
 
+#include "picture_view.h"
 #include "views/window_view.h"
 
 namespace test {
@@ -44,6 +45,8 @@ QString textOn(const QWidget& widget) {
         return lines->toPlainText();
     if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
         return combo->currentText();
+    if (const auto* picture = qobject_cast<const views::PictureView*>(&widget))
+        return picture->accessibleName();
     return {};
 }
 

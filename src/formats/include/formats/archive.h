@@ -62,13 +62,17 @@ class Archive {
         /// What comes next: 64 KiB, less at the end and nothing behind it. It lives until the next
         /// call. Throws Failure where the data cannot be trusted.
         std::string_view next();
+        /// Passes over what comes next without unpacking it, under the same rules.
+        void skip();
         /// How much of the archive has been read for it, in bytes.
         std::uint64_t spent() const { return spent_; }
 
       private:
         friend class Archive;
         Pieces(const Archive& archive, std::size_t entry);
+        std::size_t lengthOfNext() const;
         void readChunk();
+        std::uint32_t chunkLength() const;
 
         const Archive* archive_;
         std::uint32_t size_;
@@ -83,6 +87,8 @@ class Archive {
 
     /// Throws Failure for a folder, and where data lies outside the archive.
     Pieces piecesOf(std::size_t entry) const { return {*this, entry}; }
+    /// How much of a file one piece holds, in bytes; the last one less.
+    static constexpr std::size_t pieceSize = 65536;
 
     /// Unpacks a file, by its place in `entries`. Throws Failure where its data cannot be trusted,
     /// and for a folder; pieces may have been given out by then, so they go into something that

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +17,11 @@ namespace headless {
 struct TooManyBoxes {};
 
 inline constexpr int mostBoxesInARow = 10'000;
+
+/// What a script line `wait` does: lets timers tick, by the call, until none of these windows runs
+/// one. Throws BadLine where that takes longer than anybody would wait.
+void waitForTimers(const std::function<std::vector<windows::Window*>()>& windows,
+                   const std::function<void()>& tick);
 
 class ScriptedUser {
   public:

@@ -65,6 +65,9 @@ class Store {
     std::optional<std::string> placeOfText(ReleaseType type, std::string_view displayName,
                                            Text text) const;
 
+    /// The absolute path of what there is of a release: its folder, or its loose file.
+    std::string pathOf(ReleaseType type, std::string_view displayName) const;
+
     /// When a release was changed last, in seconds since 1970, as far as a short look tells; 0
     /// where nothing is found.
     std::int64_t dateOf(ReleaseType type, std::string_view displayName) const;

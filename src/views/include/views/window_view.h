@@ -24,6 +24,7 @@ namespace views {
 
 class DropHint;
 class MarkListView;
+class PictureView;
 class QtToolkit;
 class TreeView;
 
@@ -56,6 +57,8 @@ class WindowView : public QWidget {
     QTabBar* tabBar(windows::TabStrip& control);
     QComboBox* comboBox(windows::ComboBox& control);
     QListWidget* listBox(windows::ListBox& control);
+    /// As large as it is to be at 96 dots an inch.
+    PictureView* picture(windows::PictureBox& control, QSize size);
     QProgressBar* progressBar(windows::ProgressBar& control);
     MarkListView* markList(windows::MarkList& control);
     TreeView* treeList(windows::TreeList& control);

@@ -24,6 +24,7 @@ Action press(Button& button);
 Action press(Label& link);
 Action press(MenuItem& item);
 Action press(CheckBox& box);
+Action press(PictureBox& box);
 Action choose(TabStrip& tabs, std::string caption);
 Action choose(ComboBox& box, std::string row);
 /// A click on an item, in the list as it was at that revision.

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "formats/picture.h"
 #include "windows/element.h"
 #include "windows/lists.h"
 
@@ -69,6 +71,21 @@ class TextBox : public Control {
     Kind kind_;
     bool atEnd_ = false;
     unsigned revision_ = 0;
+};
+
+/// A small picture that can be clicked. Its text says what it shows to those who cannot see it.
+class PictureBox : public Control {
+  public:
+    using Control::Control;
+
+    /// Null where there is none.
+    const std::shared_ptr<const formats::Picture>& picture() const { return picture_; }
+    void setPicture(std::shared_ptr<const formats::Picture> picture, std::string text);
+
+    std::function<void()> onClick;
+
+  private:
+    std::shared_ptr<const formats::Picture> picture_;
 };
 
 /// A box to tick.

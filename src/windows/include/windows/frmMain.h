@@ -3,12 +3,14 @@
 // the rooms below.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -19,6 +21,7 @@
 #include "cycle/sets.h"
 #include "cycle/unfinished.h"
 #include "platform/failure.h"
+#include "releases/contents_worker.h"
 #include "releases/game_directory.h"
 #include "releases/release_types.h"
 #include "releases/store.h"
@@ -74,6 +77,17 @@ class frmMain : public Window {
     Label lblRename{*this, "lblRename", "(Rename Selected XXX)"};
     Label lblAbout{*this, "lblAbout", "Information:"};
     Label lblEditAbout{*this, "lblEditAbout", "(Edit About Text)"};
+    /// What the release at hand brings: a picture with what is known of a map or unit, a way to the
+    /// next one, the units as a table. Not seen where there is nothing to be shown.
+    Frame fraContents{*this, "fraContents"};
+    PictureBox picContents{*this, "picContents"};
+    Label lblPiece{*this, "lblPiece"}; ///< its name
+    Label lblFacts{*this, "lblFacts"};
+    Button cmdPrevious{*this, "cmdPrevious", "Previous"};
+    Label lblWhich{*this, "lblWhich"};
+    Button cmdNext{*this, "cmdNext", "Next"};
+    TreeList treUnits{*this, "treUnits", {"Unit", "Description", "Side", "Energy", "Metal"}};
+    Label lblFaults{*this, "lblFaults"};
     TextBox txtAbout{*this, "txtAbout", manyLines};
     Button cmdReadme{*this, "cmdReadme", "Author Readme"};
     Button cmdExplore{*this, "cmdExplore", "View This TC's Files"};
@@ -95,6 +109,9 @@ class frmMain : public Window {
     /// Files, size and date of the release at hand.
     Label lblTally{*this, "lblTally"};
     Timer tmrTally{*this, "tmrTally", 0};
+    /// How much of what it brings.
+    Label lblContents{*this, "lblContents"};
+    Timer tmrContents{*this, "tmrContents", 15};
     /// The progress of the work whose log is closed.
     ProgressBar barWork{*this, "barWork"};
 
@@ -233,6 +250,25 @@ class frmMain : public Window {
     releases::ReleaseTexts showTexts(const std::string& name);
     void tmrTally_Timer();
 
+    // frmMain_contents.cpp: what it brings, found out behind the scenes
+    void wireContents();
+    void lookInto(const std::string& name);
+    void forgetFound();
+    void stopLooking();
+    void goOnLooking();
+    void tmrContents_Timer();
+    void noteFound(const std::string& name, const releases::Contents& contents);
+    void lookFurther();
+    bool isLookedThrough() const;
+    std::shared_ptr<const formats::Picture> pictureOf(const std::string& name);
+    void showContents();
+    void showPiece();
+    void showUnits();
+    void cmdPrevious_Click();
+    void cmdNext_Click();
+    void treUnits_Pick();
+    void picContents_Click();
+
     // frmMain_show.cpp: state becomes controls
     /// The list on the screen may stay as it is until the next change.
     enum class List { follows, stays };
@@ -312,6 +348,29 @@ class frmMain : public Window {
     /// Releases that were renamed are listed at the next start, but not missing until then.
     std::set<std::pair<releases::ReleaseType, std::string>> newNames_;
     std::optional<releases::Tally> tally_;
+    /// Made when a release is first looked into.
+    std::unique_ptr<releases::ContentsWorker> worker_;
+    std::string lookedInto_; ///< the path of the release at hand, or empty
+    bool isWanted_ = false;  ///< the worker is still to be told
+    /// Of that release, once it is known; and what was shown of it last.
+    std::shared_ptr<const releases::Contents> contents_;
+    struct Piece {
+        bool isUnit = false;
+        std::size_t number = 0; ///< among the maps, or the units
+    };
+    Piece piece_;
+    /// Of the releases of the current tab, by their names: what the list shows of them.
+    struct Known {
+        std::vector<MapFacts> maps;
+        bool hasPicture = false;
+        std::shared_ptr<const formats::Picture> picture; ///< null again where there are many
+    };
+    std::unordered_map<std::string, Known> known_;
+    std::deque<std::string> withPicture_;                 ///< the oldest first
+    std::vector<std::string> askedFor_;                   ///< their pictures, the last one first
+    std::unordered_map<std::string, std::string> looked_; ///< names by the paths that are wanted
+    std::size_t nextName_ = 0; ///< in the list, to be looked into behind the scenes
+    int untold_ = 0;           ///< facts that the list has not heard of
     /// Texts that were made empty for the editor, and go again where nobody has written into them.
     std::vector<std::string> madeTexts_;
     std::vector<std::string> tcCCodes;

@@ -4,12 +4,15 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "formats/picture.h"
 #include "windows/element.h"
+#include "windows/list_filter.h"
 
 namespace windows {
 
@@ -60,6 +63,15 @@ class MarkList : public Control {
     /// sort and search by them. They cost a look at the disk for each item.
     std::function<std::int64_t(const std::string& text)> dateOf;
     std::function<std::string(const std::string& text)> aboutOf;
+    /// What is known by now of the maps that an item brings, or null; it stays as it is until the
+    /// owner says that more is known. And a picture of it, or null: the owner finds those first
+    /// which were asked for last. Both cost nothing much.
+    std::function<const std::vector<MapFacts>*(const std::string& text)> factsOf;
+    std::function<std::shared_ptr<const formats::Picture>(const std::string& text)> pictureOf;
+    /// More is known of the items than before.
+    void tellFacts();
+    /// Grows with that.
+    unsigned factsRevision() const { return factsRevision_; }
 
   private:
     bool makeCurrent(std::string_view text);
@@ -70,6 +82,7 @@ class MarkList : public Control {
     int index_ = -1;
     int markedCount_ = 0;
     unsigned revision_ = 0;
+    unsigned factsRevision_ = 0;
 };
 
 /// A plain list: nothing in it can be chosen.
