@@ -79,7 +79,7 @@ class Catalogue {
         toolkit_.refresher().flush(views::Pace::pausing);
         QApplication::processEvents();
         // Rows and tiles are laid out when they are painted.
-        find<QListView>("lstList")->viewport()->repaint();
+        find<QListView>("lstList")->grab();
     }
     void waitWhile(const std::function<bool()>& lasts) {
         while (lasts()) {
