@@ -1,4 +1,8 @@
 // The pane of what a release brings, on the screen: sharp pixels, keys, the table's order.
+#include <QAccessible>
+#include <QAction>
+#include <QLineEdit>
+#include <QMenu>
 #include <QTreeView>
 
 #include "packing/archive_writer.h"
@@ -45,6 +49,64 @@ TEST(PictureTest, pixels_are_whole_ones_of_the_screen) {
         for (int x = 0; x < doubled.width(); ++x)
             EXPECT_EQ(doubled.pixel(x, y),
                       (x / 2 + y / 2) % 2 == 1 ? qRgb(255, 128, 0) : qRgb(0, 0, 0));
+}
+
+TEST_F(WindowTest, maps_are_found_by_players_and_sorted_by_size_and_shown_as_tiles) {
+    const auto put = [this](const std::string& name, const std::string& facts) {
+        game.put("Vexillum/Map-" + name + "/a.ufo",
+                 packing::packArchive(
+                     {{"maps\\a.ota", "[GlobalHeader]{missionname=X;" + facts + "}"},
+                      {"maps\\a.tnt", packing::mapFile(packing::drawMap(1, 64, 32, 80))}}));
+    };
+    put("Alps", "numplayers=2, 4;size=16 x 16;");
+    put("Bay", "numplayers=2;size=8 x 8;");
+    put("Cliff", "numplayers=4;size=12 x 9;");
+    game.put("Vexillum/Map-Dark/a.ufo", "no archive");
+    const auto rows = [] {
+        QStringList names;
+        const auto* model = find<QListView>("lstList")->model();
+        for (int row = 0; row < model->rowCount(); ++row)
+            names << model->index(row, 0).data().toString();
+        return names.join(" ").toStdString();
+    };
+    const auto order = [](const QString& caption) {
+        for (auto* action : find<QMenu>("listMenu")->actions())
+            if (action->text() == caption)
+                action->trigger();
+    };
+    run({
+        [] { chooseTab(4); },
+        [&] {
+            find<QLineEdit>("filter")->setText("players:4");
+            // What is not known yet comes when it is.
+            awaited = [&] { return rows() == "Alps Cliff"; };
+        },
+        [&] {
+            EXPECT_EQ(rows(), "Alps Cliff");
+            find<QLineEdit>("filter")->setText("a size<=12");
+            EXPECT_EQ(rows(), "Bay");
+            find<QLineEdit>("filter")->setText("");
+            order("By Si&ze");
+            EXPECT_EQ(rows(), "Bay Cliff Alps Dark");
+            order("In &Listed Order");
+            auto* list = find<QListView>("lstList");
+            const auto* row = QAccessible::queryAccessibleInterface(list)->child(0);
+            EXPECT_EQ(row->text(QAccessible::Name), "Alps");
+            EXPECT_EQ(row->text(QAccessible::Description), "2 to 4 players, 16 x 16");
+            find<QAction>("showsPictures")->trigger();
+            EXPECT_EQ(list->viewMode(), QListView::IconMode);
+            clickRow(1);
+        },
+        [&] {
+            EXPECT_TRUE(window->lstList.marked(1)) << "tiles are ticked as rows are";
+            chooseTab(2);
+        },
+        [] {
+            EXPECT_EQ(find<QListView>("lstList")->viewMode(), QListView::ListMode)
+                << "races have no pictures";
+            find<QWidget>("frmMain")->close();
+        },
+    });
 }
 
 TEST_F(WindowTest, a_picture_is_enlarged_by_a_key_and_a_table_is_sorted) {
