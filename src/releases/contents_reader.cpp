@@ -269,9 +269,9 @@ void ContentsReader::note(Kind kind, Place place) {
 }
 
 void ContentsReader::beginReading() {
-    for (const auto& [key, place] : of(Kind::palette))
+    for (const auto& found : of(Kind::palette))
         attemptReading([&] {
-            if (const auto own = formats::readPalette(bytesOf(place, mostPicture)))
+            if (const auto own = formats::readPalette(bytesOf(found.second, mostPicture)))
                 colours_ = own;
         });
     std::map<std::string, std::string> paths;
@@ -407,8 +407,9 @@ std::optional<formats::Colours> coloursOfGame(platform::Disk& disk, const std::s
     std::vector<std::string> names;
     platform::attempt([&] { names = disk.fileNames(folder); });
     std::erase_if(names, [](const auto& name) { return !formats::isGameArchive(name); });
-    std::ranges::stable_partition(
-        names, [](const auto& name) { return platform::equalIgnoringCase(name, "totala1.hpi"); });
+    std::stable_partition(names.begin(), names.end(), [](const auto& name) {
+        return platform::equalIgnoringCase(name, "totala1.hpi");
+    });
     for (const auto& name : names)
         if (!colours)
             platform::attempt([&] {

@@ -245,7 +245,7 @@ TEST_F(CacheTest, a_look_behind_the_scenes_takes_the_urgent_one_first_and_can_be
     EXPECT_EQ(found[1].contents->maps.at(0).name, "1");
     EXPECT_FALSE(worker.isBusy());
     for (int round = 0; round < 30; ++round) {
-        std::ranges::rotate(all, all.begin() + 3);
+        std::rotate(all.begin(), all.begin() + 3, all.end());
         worker.want(all);
         if (round % 3 == 0)
             worker.stop();
