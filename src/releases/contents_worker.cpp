@@ -8,6 +8,7 @@
 #include "platform/raw_disk.h"
 #include "releases/contents_cache.h"
 #include "releases/contents_reader.h"
+#include "releases/game_colours.h"
 
 namespace releases {
 namespace {

@@ -8,6 +8,7 @@
 #include "releases/contents_cache.h"
 #include "releases/contents_reader.h"
 #include "releases/contents_worker.h"
+#include "releases/game_colours.h"
 #include "releases/store.h"
 #include "support/core.h"
 
