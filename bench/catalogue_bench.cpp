@@ -18,12 +18,16 @@
 #include "bench.h"
 #include "headless/session.h"
 #include "views/qt_toolkit.h"
+#include "window_bench.h"
 #include "windows/frmFList.h"
 #include "windows/frmMain.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using bench::find;
+using bench::makeGame;
+using bench::put;
 using bench::Seconds;
 
 constexpr int rounds = 7;
@@ -33,20 +37,6 @@ constexpr int selected = 1000;
 constexpr Seconds felt = 0.05;
 constexpr Seconds hanging = 0.1;
 const fs::path root = fs::current_path() / "catalogue-bench-game";
-
-void put(const fs::path& path, const std::string& content) {
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << content;
-}
-
-void makeGame() {
-    fs::remove_all(root);
-    for (const auto* folder : {"TC-Cavedog TA", "AI-Cavedog AI"})
-        fs::create_directories(root / "Vexillum" / folder);
-    for (const auto* name : {"TC", "AI", "Races", "Mods", "Maps", "Units", "Trlx"})
-        put(root / "Vexillum/VXL-Sel" / ("sel" + std::string(name) + ".txt"), "");
-    put(root / "Vexillum/VXL-Changes/Internal.txt", "MKDIRS\r\nMOVES\r\n");
-}
 
 std::string releaseName(int i) {
     return "A modification with a name of some length, number " + std::to_string(i);
@@ -78,15 +68,6 @@ Seconds bareRows() {
     });
 }
 
-template <typename Object>
-Object* find(const char* name) {
-    for (auto* window : QApplication::topLevelWidgets())
-        if (auto* object = window->findChild<Object*>(name))
-            return object;
-    std::fprintf(stderr, "There is no %s.\n", name);
-    std::exit(1);
-}
-
 void key(QWidget* widget, int code, const QString& text = {}) {
     for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
         QKeyEvent event(kind, code, Qt::NoModifier, text);
@@ -95,7 +76,7 @@ void key(QWidget* widget, int code, const QString& text = {}) {
 }
 
 void tab() {
-    makeGame();
+    makeGame(root);
     std::string names;
     for (int i = 0; i < releases; ++i) {
         put(root / "Vexillum" / ("Mod-" + releaseName(i)) / "info.txt",
@@ -178,7 +159,7 @@ class Heart {
 };
 
 void away() {
-    makeGame();
+    makeGame(root);
     std::string names;
     for (int i = 0; i < 20'000; ++i)
         put(root / "Vexillum" / ("Mod-" + std::to_string(i / 500)) / std::to_string(i % 10) /
@@ -225,7 +206,7 @@ void bareWalk() {
 }
 
 void lister() {
-    makeGame();
+    makeGame(root);
     for (int i = 0; i < 100'000; ++i)
         put(root / ("folder" + std::to_string(i / 1000)) / ("sub" + std::to_string(i / 100 % 10)) /
                 ("file" + std::to_string(i)),

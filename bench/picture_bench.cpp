@@ -15,11 +15,14 @@
 #include "packing/archive_writer.h"
 #include "packing/map_writer.h"
 #include "views/qt_toolkit.h"
+#include "window_bench.h"
 #include "windows/frmMain.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using bench::find;
+using bench::put;
 using bench::Seconds;
 
 constexpr int rounds = 7;
@@ -30,19 +33,9 @@ constexpr Seconds atOnce = 0.2;
 constexpr Seconds smooth = 0.033;
 const fs::path root = fs::current_path() / "picture-bench-game";
 
-void put(const fs::path& path, const std::string& content) {
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << content;
-}
-
 /// Without archives the maps are names alone.
 void makeGame(bool hasMaps) {
-    fs::remove_all(root);
-    for (const auto* folder : {"TC-Cavedog TA", "AI-Cavedog AI"})
-        fs::create_directories(root / "Vexillum" / folder);
-    for (const auto* name : {"TC", "AI", "Races", "Mods", "Maps", "Units", "Trlx"})
-        put(root / "Vexillum/VXL-Sel" / ("sel" + std::string(name) + ".txt"), "");
-    put(root / "Vexillum/VXL-Changes/Internal.txt", "MKDIRS\r\nMOVES\r\n");
+    bench::makeGame(root);
     std::vector<std::string> maps;
     for (unsigned seed = 0; seed < landscapes; ++seed)
         maps.push_back(packing::packArchive(
@@ -51,15 +44,6 @@ void makeGame(bool hasMaps) {
     for (int i = 0; i < releases; ++i)
         put(root / "Vexillum" / ("Map-A map with a name, number " + std::to_string(i)) / "a.ufo",
             hasMaps ? maps[static_cast<std::size_t>(i % landscapes)] : "");
-}
-
-template <typename Object>
-Object* find(const char* name) {
-    for (auto* window : QApplication::topLevelWidgets())
-        if (auto* object = window->findChild<Object*>(name))
-            return object;
-    std::fprintf(stderr, "There is no %s.\n", name);
-    std::exit(1);
 }
 
 /// The window over such a game directory, and the user before it.
@@ -156,6 +140,12 @@ int main(int argc, char** argv) {
         bench::report("the first picture against what is felt as at once", firstPicture(catalogue),
                       atOnce, 1);
         catalogue.waitWhile([&] { return catalogue.main().tmrContents.enabled(); });
+    }
+    {
+        Catalogue catalogue;
+        catalogue.open();
+        bench::report("the same at the next start, with a full cache", firstPicture(catalogue),
+                      atOnce, 1);
     }
     Catalogue catalogue;
     bench::report("5,000 maps with pictures cached, against none", opened(catalogue), without, 1.2);
