@@ -2,18 +2,23 @@
 """Uses the real program as a screen reader does: by the accessibility tree alone.
 
 accessibility.py GAMEDIR: starts GAMEDIR/Vexillum.exe, checks that every control of the main window
-is there by its name, adds the map "Two Lakes" from GAMEDIR/lakes.zip, ticks it, decides in the
-preview who gets its place, launches it, and at the next start removes it. That the game was started
-and the directory is plain again is looked up on the disk.
+is there by its name, adds the map "Two Lakes" from a zip archive, looks at its picture, ticks its
+tile, decides in the preview who gets its place, launches it, and at the next start removes it. That
+the game was started and the directory is plain again is looked up on the disk.
 """
 import os
+import struct
 import subprocess
 import sys
 import time
+import zipfile
 
 import pyatspi
 
 PATIENCE = 20  # seconds
+
+MAP_INFO = "[GlobalHeader] { missionname=Two Lakes; numplayers=2, 4; size=4 x 4; }\n"
+PICTURE = "map Two Lakes, 4 x 4, 2 to 4 players"
 
 # Role, and a name; the names are those that stand on the first tab.
 EXPECTED = [
@@ -79,6 +84,10 @@ def wait_for(what, look):
             return found
         time.sleep(0.1)
     sys.exit(f"There is no {what}.")
+
+
+def height_of(node):
+    return node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS).height
 
 
 class Program:
@@ -162,6 +171,18 @@ def open_maps(program):
     program.wait_for("label", "Available Maps:")
 
 
+def make_map(archive):
+    """Of 8 x 8 squares, all ground of one height, with a small picture of two colours."""
+    indices, heights, tile, small = 4 * 4 * 2, 8 * 8 * 4, 32 * 32, 252 * 252
+    header = [0x2000, 8, 8, 64, 64 + indices, 64 + indices + heights, 1, 0, 0, 0,
+              64 + indices + heights + tile, 0, 0, 0, 0, 0]
+    content = struct.pack("<16I", *header) + bytes(indices + heights + tile)
+    content += struct.pack("<2I", 252, 252) + bytes(small // 2) + bytes([255]) * (small // 2)
+    with zipfile.ZipFile(archive, "w") as file:
+        file.writestr("maps/two.ota", MAP_INFO)
+        file.writestr("maps/two.tnt", content)
+
+
 def add_map(program, archive):
     open_maps(program)
     program.press("push button", "Add A New Map")
@@ -171,7 +192,7 @@ def add_map(program, archive):
     program.press("push button", "Copy Files Here...")
     program.write("File name:", archive)
     program.press("push button", "Open")
-    program.wait_for("label", "1 file copied.")
+    program.wait_for("label", "2 files copied.")
     program.press("push button", "Next Step")
     program.press("push button", "Finish")
     program.answer("The Two Lakes Map has been added successfully!", "OK")
@@ -204,8 +225,27 @@ def keep_as_set(program):
     program.leave("Sets")
 
 
+def look_at_picture(program):
+    program.press("check box", "Two Lakes", "SetFocus")
+    if height_of(program.find("check box", "Two Lakes")) > 60:
+        sys.exit("A row is as high as a tile.")
+    program.press("push button", PICTURE)
+    program.wait_for("dialog", "Picture")
+    program.leave("Picture")
+
+
+def show_tiles(program):
+    program.press("push button", "List", "ShowMenu")
+    program.press("menu item", "Show Pictures")
+    wait_for("picture in the tile", lambda: height_of(program.find("check box", "Two Lakes")) > 60)
+
+
 def tick_and_launch(program):
     open_maps(program)
+    look_at_picture(program)
+    show_tiles(program)
+    tile = program.wait_for("check box", "Two Lakes")
+    wait_for("words beside the tile", lambda: tile.description == "2 to 4 players, 4 x 4")
     program.press("check box", "Two Lakes", "Toggle")
     wait_for("check mark on the map", lambda: program.find("check box", "Two Lakes").getState()
              .contains(pyatspi.STATE_CHECKED))
@@ -254,12 +294,13 @@ def content(path):
 def main(folder):
     release = folder + "/Vexillum/Map-Two Lakes/maps/two.ota"
     applied = folder + "/maps/two.ota"
+    make_map(folder + "/lakes.zip")
     first = Program(folder)
     check_tree(first)
     add_map(first, folder + "/lakes.zip")
     first.wait_for_the_end()
     tick_and_launch(Program(folder, started_by=first))
-    wait_for("map in its place", lambda: content(applied) == "lake\n")
+    wait_for("map in its place", lambda: content(applied) == MAP_INFO)
     wait_for("game", lambda: os.path.exists(folder + "/started"))
 
     second = Program(folder)
