@@ -18,8 +18,8 @@ need() {
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgl-dev libutf8proc-dev
     libdeflate-dev libarchive-dev zlib1g-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev)
+release_packages=(librsvg2-bin dpkg-dev lintian desktop-file-utils appstream mandoc)
 test_packages=(clang-format jq fonts-dejavu-core xvfb xauth dbus at-spi2-core python3-pyatspi
-    strace)
+    strace openbox xdotool "${release_packages[@]}")
 windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 wine nsis dpkg-dev make googletest
     qt6-base-dev-tools)
-release_packages=(librsvg2-bin dpkg-dev lintian desktop-file-utils appstream mandoc)

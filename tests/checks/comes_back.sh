@@ -42,8 +42,10 @@ exec sleep 100
 GAME
 chmod +x "$game/totala.exe"
 
-openbox >/dev/null 2>&1 &
+# A window that is there before the desktop gets no keys.
+openbox --sm-disable --startup "touch '$game/desktop'" >/dev/null 2>&1 &
 desktop=$!
+within 20 [ -e "$game/desktop" ] || fail "no desktop"
 "$game/Vexillum.exe" &
 program=$!
 trap 'kill $program $desktop $(cat "$game/game" "$game/child" 2>/dev/null) 2>/dev/null' EXIT

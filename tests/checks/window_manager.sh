@@ -10,7 +10,8 @@ if [ -z "${INSIDE_XVFB:-}" ]; then
     INSIDE_XVFB=1 exec xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" "$0" "$@"
 fi
 game=$(mktemp -d)
-openbox --sm-disable >/dev/null 2>&1 &
+# A window that is there before the desktop is not managed as others are.
+openbox --sm-disable --startup "touch '$game/desktop'" >/dev/null 2>&1 &
 manager=$! program=
 # Whatever runs out of the game directory, also what nobody here has started.
 running() { for exe in /proc/[0-9]*/exe; do
@@ -50,6 +51,7 @@ end() {
 }
 place() { xdotool getwindowgeometry --shell "$main" | grep -E '^(X|Y|WIDTH|HEIGHT)='; }
 
+until_ [ -e "$game/desktop" ]
 start
 xdotool windowsize --sync "$main" 800 560 windowmove --sync "$main" 200 150
 sleep 0.5
