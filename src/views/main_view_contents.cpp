@@ -42,9 +42,12 @@ QWidget* MainView::contentsPane() {
     units->setSortable();
     units->setMinimumHeight(72);
     units->setMaximumHeight(110);
-    int columnNumber = 0;
-    for (const int width : {100, 112, 44, 56})
-        units->header()->resizeSection(columnNumber++, width);
+    // The description gets what the others leave.
+    for (const auto& [section, width] :
+         {std::pair(0, 100), std::pair(2, 48), std::pair(3, 60), std::pair(4, 60)})
+        units->header()->resizeSection(section, width);
+    units->header()->setStretchLastSection(false);
+    units->header()->setSectionResizeMode(1, QHeaderView::Stretch);
     side->addWidget(units);
     row->addLayout(side, 1);
     column->addLayout(row);
