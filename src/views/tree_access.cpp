@@ -1,6 +1,8 @@
-// Each row of a tree is one item, in the order in which they stand below each other when all of
-// them are open.
+// Each row that a tree shows is one item, in the order in which they stand below each other when
+// all of them are open.
 #include "tree_access.h"
+
+#include <algorithm>
 
 #include "row_access.h"
 #include "tree_view.h"
@@ -10,7 +12,8 @@ namespace {
 
 class TreeRowAccess final : public RowAccess {
   public:
-    TreeRowAccess(TreeView* tree, int number) : RowAccess(tree), tree_(tree), number_(number) {}
+    TreeRowAccess(TreeView* tree, std::size_t number)
+        : RowAccess(tree), tree_(tree), number_(number) {}
 
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name ? index().data(Qt::AccessibleTextRole).toString()
@@ -38,27 +41,29 @@ class TreeRowAccess final : public RowAccess {
     }
 
   protected:
-    QModelIndex index() const override { return tree_->rowOf(number_); }
+    QModelIndex index() const override {
+        const auto& rows = tree_->rowsInOrder();
+        return number_ < rows.size() ? rows[number_] : QModelIndex();
+    }
 
   private:
     QPointer<TreeView> tree_;
-    int number_;
+    std::size_t number_;
 };
 
 class TreeAccess final : public RowsAccess {
   public:
     explicit TreeAccess(TreeView* tree) : RowsAccess(tree, QAccessible::Tree), tree_(tree) {}
-    int childCount() const override { return tree_->rowCount(); }
+    int childCount() const override { return static_cast<int>(tree_->rowsInOrder().size()); }
 
   protected:
     QAccessibleInterface* makeRow(int number) const override {
-        return new TreeRowAccess(tree_, number);
+        return new TreeRowAccess(tree_, static_cast<std::size_t>(number));
     }
     int numberOf(const QModelIndex& index) const override {
-        for (int number = 0; index.isValid() && number < childCount(); ++number)
-            if (tree_->rowOf(number) == index.siblingAtColumn(0))
-                return number;
-        return -1;
+        const auto& rows = tree_->rowsInOrder();
+        const auto found = std::find(rows.begin(), rows.end(), index.siblingAtColumn(0));
+        return index.isValid() && found != rows.end() ? static_cast<int>(found - rows.begin()) : -1;
     }
 
   private:

@@ -140,18 +140,9 @@ bool TreeModel::follow() {
         rowInParent_[place] = static_cast<int>(siblings.size());
         siblings.push_back(static_cast<int>(place));
     }
-    order_.clear();
-    for (const int place : children_.back())
-        noteOrder(place);
     revision_ = tree_.revision();
     endResetModel();
     return true;
-}
-
-void TreeModel::noteOrder(int place) {
-    order_.push_back(place);
-    for (const int child : children_[static_cast<std::size_t>(place)])
-        noteOrder(child);
 }
 
 TreeView::TreeView(const windows::TreeList& tree, Picked picked, QWidget* parent)
@@ -168,6 +159,12 @@ TreeView::TreeView(const windows::TreeList& tree, Picked picked, QWidget* parent
     setTextElideMode(Qt::ElideRight);
     setRootIsDecorated(true);
     header()->setStretchLastSection(true);
+    const auto forgetOrder = [this] { inOrder_.clear(); };
+    connect(filtered_, &QAbstractItemModel::modelReset, this, forgetOrder);
+    connect(filtered_, &QAbstractItemModel::layoutChanged, this, forgetOrder);
+    connect(filtered_, &QAbstractItemModel::rowsInserted, this, forgetOrder);
+    connect(filtered_, &QAbstractItemModel::rowsRemoved, this, forgetOrder);
+    connect(filtered_, &QAbstractItemModel::rowsMoved, this, forgetOrder);
     connect(this, &QTreeView::expanded, this,
             [this](const QModelIndex& index) { noteOpened(index, true); });
     connect(this, &QTreeView::collapsed, this,
@@ -186,9 +183,18 @@ void TreeView::noteOpened(const QModelIndex& index, bool isOpen) {
         byHand_.insert_or_assign(row->key, isOpen);
 }
 
-QModelIndex TreeView::rowOf(int number) const {
-    return number < rowCount() ? filtered_->mapFromSource(model_->indexOf(model_->placeAt(number)))
-                               : QModelIndex();
+const std::vector<QModelIndex>& TreeView::rowsInOrder() const {
+    if (inOrder_.empty())
+        noteRowsBelow({});
+    return inOrder_;
+}
+
+void TreeView::noteRowsBelow(const QModelIndex& parent) const {
+    for (int row = 0; row < filtered_->rowCount(parent); ++row) {
+        const auto index = filtered_->index(row, 0, parent);
+        inOrder_.push_back(index);
+        noteRowsBelow(index);
+    }
 }
 
 void TreeView::follow() {

@@ -35,19 +35,13 @@ class TreeModel final : public QAbstractItemModel {
     bool follow();
     unsigned revision() const { return revision_; }
 
-    int count() const { return static_cast<int>(order_.size()); }
-    /// The place of the row that stands so far down when all are open.
-    int placeAt(int number) const { return order_[static_cast<std::size_t>(number)]; }
-
   private:
-    void noteOrder(int place);
     const std::vector<int>& childrenOf(const QModelIndex& parent) const;
 
     const windows::TreeList& tree_;
     std::vector<std::vector<int>> children_; ///< of each row, and behind the last one of none
     std::vector<int> rowInParent_;
     std::vector<int> parents_;
-    std::vector<int> order_;
     unsigned revision_ = 0;
 };
 
@@ -65,10 +59,9 @@ class TreeView final : public QTreeView {
     /// A click on a column's heading sorts the rows by it, numbers by their size.
     void setSortable();
 
-    /// The rows in the order in which they stand below each other, from 0. One that the filter
-    /// hides has no index.
-    int rowCount() const { return model_->count(); }
-    QModelIndex rowOf(int number) const;
+    /// All rows that the filter shows, in the order in which they stand below each other when all
+    /// are open. Good until rows, filter or order change.
+    const std::vector<QModelIndex>& rowsInOrder() const;
 
   protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -78,6 +71,7 @@ class TreeView final : public QTreeView {
   private:
     const windows::TreeList::Row* rowAt(const QModelIndex& index) const;
     void noteOpened(const QModelIndex& index, bool isOpen);
+    void noteRowsBelow(const QModelIndex& parent) const;
     void showChildren();
     void showCurrent();
 
@@ -85,6 +79,7 @@ class TreeView final : public QTreeView {
     Picked picked_;
     TreeModel* model_;
     QSortFilterProxyModel* filtered_;
+    mutable std::vector<QModelIndex> inOrder_; ///< empty until somebody asks for it
     /// What the user has opened, or closed, by its key.
     std::map<std::string, bool> byHand_;
     bool following_ = false;

@@ -135,6 +135,9 @@ TEST_F(WindowTest, a_picture_is_enlarged_by_a_key_and_a_table_is_sorted) {
             for (int row = 0; row < units->model()->rowCount(); ++row)
                 names << units->model()->index(row, 0).data().toString();
             EXPECT_EQ(names.join(" "), "C A B");
+            const auto* told = QAccessible::queryAccessibleInterface(units);
+            ASSERT_EQ(told->childCount(), 3);
+            EXPECT_EQ(told->child(0)->text(QAccessible::Name), "C, 80") << "as it is sorted";
             picture()->setFocus();
             key(picture(), Qt::Key_Return);
             awaited = [] { return find<views::PictureView>("picLarge") != nullptr; };
@@ -147,6 +150,9 @@ TEST_F(WindowTest, a_picture_is_enlarged_by_a_key_and_a_table_is_sorted) {
         },
         [] {
             EXPECT_TRUE(find<views::PictureView>("picContents")->isEnabled());
+            auto* units = find<QTreeView>("treUnits");
+            units->setCurrentIndex(units->model()->index(1, 0));
+            EXPECT_TRUE(QAccessible::queryAccessibleInterface(units)->child(1)->state().selected);
             find<QWidget>("frmMain")->close();
         },
     });
