@@ -6,7 +6,7 @@ bin=$(realpath "$1") picture=${2:-}
 source=$(cd "$(dirname "$0")/../.." && pwd)
 cd "$source" && . tests/checks/wine.sh
 if [ -z "${INSIDE_DISPLAY:-}" ]; then
-    INSIDE_DISPLAY=1 exec timeout 120 xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
+    INSIDE_DISPLAY=1 exec timeout 240 xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
 fi
 game=$(mktemp -d)
 trap 'kill $(jobs -p) 2>/dev/null; rm -rf "$game"' EXIT
@@ -15,9 +15,9 @@ fail() {
     [ -z "$picture" ] || import -window root "$picture"
     exit 1
 }
-# Waits up to 20 s for something to hold.
+# Waits up to 40 s for something to hold.
 comes() {
-    for _ in $(seq 100); do
+    for _ in $(seq 200); do
         "$@" && return
         sleep 0.2
     done
@@ -40,7 +40,7 @@ comes windowIsThere || fail "no window came"
 sleep 2
 keys key ctrl+l
 keys type Great
-keys key Tab
+keys key Tab Tab
 keys key Home
 keys key space
 [ -z "$picture" ] || import -window root "$picture"

@@ -1,4 +1,5 @@
 // Commands as a script or the uninstaller gives them.
+#include <future>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -259,16 +260,20 @@ TEST_F(CommandsTest, names_that_lead_out_make_no_release) {
     game.put("evil.zip", packing::packZip({{"good.ufo", "g"}, {"../../evil", "e"}}));
     EXPECT_EQ(give({"--add", game.folder() + "/evil.zip", "--type", "Map", "--name", ".."}),
               failed);
-    EXPECT_THAT(errors.str(), HasSubstr("leads out"));
+    EXPECT_THAT(errors.str(), HasSubstr(test::onWindows ? "cannot end in a dot" : "leads out"));
     EXPECT_FALSE(game.has("Vexillum/Map-.."));
     EXPECT_FALSE(game.has("evil"));
 }
 
 TEST_F(CommandsTest, another_copy_holds_the_directory) {
     const auto held = platform::lockFolder(game.folder(), platform::Holder::isLeftAlone);
-    EXPECT_EQ(give({"--list"}), failed);
+    // A thread that holds a lock might get it once more.
+    const auto giveElsewhere = [this](const std::vector<std::string>& words) {
+        return std::async(std::launch::async, [&] { return give(words); }).get();
+    };
+    EXPECT_EQ(giveElsewhere({"--list"}), failed);
     EXPECT_EQ(errors.str(), "Vexillum is already running in this directory.\n");
-    EXPECT_EQ(give({"--list", "--wait"}), wrongUsage) << "nobody waits for the lock first";
+    EXPECT_EQ(giveElsewhere({"--list", "--wait"}), wrongUsage) << "nobody waits for the lock first";
 }
 
 TEST_F(CommandsTest, an_output_that_cannot_be_written_is_no_success) {

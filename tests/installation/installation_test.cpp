@@ -6,6 +6,7 @@
 #include "installation/search.h"
 #include "platform/failure.h"
 #include "platform/memory_disk.h"
+#include "platform/text.h"
 #include "support/faulty_disk.h"
 #include "support/game.h"
 
@@ -13,6 +14,13 @@ namespace installation {
 namespace {
 
 using Paths = std::vector<std::string>;
+
+/// As the system of the made-up homes has them.
+Paths inPosixForm(Paths paths) {
+    for (auto& path : paths)
+        path = platform::replaceAll(platform::replaceAll(path, "\\", "/"), "//", "/");
+    return paths;
+}
 
 struct Home {
     const char* title;
@@ -33,7 +41,7 @@ TEST_P(FindDirectories, that_hold_the_game) {
     platform::Disk disk(raw);
     const auto found =
         findDirectories(disk, {"/here", "/me", "/me/.config", "/me/data", "/prefix", {}});
-    EXPECT_EQ(found, GetParam().found);
+    EXPECT_EQ(inPosixForm(found), GetParam().found);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -70,7 +78,7 @@ TEST(FindDirectories, a_place_without_end_does_not_keep_the_others_from_their_tu
     raw->put("/me/Games/TA/totala.exe", "");
     platform::Disk disk(raw);
     const auto find = [&](const SearchLimits& limits) {
-        return findDirectories(disk, {"", "/me", "", "", "", {}}, limits);
+        return inPosixForm(findDirectories(disk, {"", "/me", "", "", "", {}}, limits));
     };
     EXPECT_EQ(find({100, std::chrono::minutes(1)}), Paths{"/me/Games/TA"});
     EXPECT_EQ(find({1000, std::chrono::minutes(1)}),
@@ -83,7 +91,7 @@ TEST(KnownDirectories, are_kept_in_the_order_of_their_use) {
     const auto disk = platform::makeDisk();
     const auto one = platform::absoluteFolder(game.folder());
     const auto other = platform::absoluteFolder(game.folder() + "/other");
-    KnownDirectories known(*disk, game.folder() + "/new/settings");
+    KnownDirectories known(*disk, platform::absoluteFolder(game.folder() + "/new/settings"));
     EXPECT_EQ(known.all(), Paths{});
     known.use(one);
     known.add(other);

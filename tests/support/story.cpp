@@ -90,7 +90,7 @@ class Story {
     }
 
     void addScript(const std::string& line) {
-        script_ += replaceAll(line, "GAME/", game_.folder() + "/") + "\n";
+        script_ += scriptHere(line, game_.folder()) + "\n";
         if (!line.empty() && line[0] != '#')
             lastWasState_ = false;
     }

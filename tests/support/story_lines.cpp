@@ -28,6 +28,13 @@ std::string expectedHere(std::string line) {
     return replaceAll(replaceAll(line, "start wine ", "start "), "\\", "/");
 }
 
+std::string scriptHere(const std::string& line, const std::string& folder) {
+    const auto here = replaceAll(line, "GAME/", folder + "/");
+    // A row is named by what it shows.
+    const bool namesPath = line.starts_with("mark GAME/") || line.starts_with("pick treFiles ");
+    return onWindows && namesPath ? replaceAll(here, "/", "\\") : here;
+}
+
 namespace {
 
 std::string told(const Event& value) {

@@ -14,6 +14,9 @@ bool matches(std::string_view pattern, std::string_view text);
 /// Stories are told in the words of POSIX; this is one of their lines as it is here.
 std::string expectedHere(std::string line);
 
+/// A line of a story's script as it is here, in this game directory.
+std::string scriptHere(const std::string& line, const std::string& folder);
+
 /// An event as one line; `folder` is called GAME in it.
 std::string lineOf(const Event& event, const std::string& folder);
 
