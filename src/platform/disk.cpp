@@ -119,6 +119,9 @@ bool Disk::leadsThroughLink(const std::string& folder, const std::string& relati
     for (const auto& part : splitPath(relative)) {
         path += "\\" + part;
         const auto place = folders_->placeOf(path);
+        // The game directory stands by itself, whatever lies above it.
+        if (place.parts.empty())
+            continue;
         const auto parent = folders_->tryOpen(place, place.parts.size() - 1);
         const auto name = parent ? parent->spelling(place.parts.back()) : std::nullopt;
         const auto entry = name ? parent->look(*name, Links::kept) : std::nullopt;

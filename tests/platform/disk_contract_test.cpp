@@ -284,6 +284,13 @@ TEST_P(DiskContract, a_folder_of_the_users_own_is_read_through_links) {
     EXPECT_FALSE(disk->leadsThroughLink(world->folder(), "missing\\file"));
 }
 
+TEST_P(DiskContract, the_game_directory_itself_leads_through_no_link) {
+    world->put("game/file", "g");
+    disk->setGameDirectory(world->folder() + "\\game");
+    EXPECT_FALSE(disk->leadsThroughLink(world->folder(), "game"));
+    EXPECT_FALSE(disk->leadsThroughLink(world->folder(), "GAME\\file"));
+}
+
 TEST_P(DiskContract, a_file_is_read_whole_mapped_or_piece_by_piece) {
     world->put("file", "0123456789");
     world->put("empty", "");
