@@ -87,6 +87,7 @@ class Catalogue {
 
 Seconds opened(Catalogue& catalogue) {
     std::vector<Seconds> times;
+    times.reserve(rounds);
     for (int round = 0; round < rounds; ++round)
         times.push_back(catalogue.open());
     return bench::median(times);
@@ -103,6 +104,7 @@ Seconds firstPicture(Catalogue& catalogue) {
     auto* list = find<QListView>("lstList");
     const auto& picture = catalogue.main().picContents;
     std::vector<Seconds> times;
+    times.reserve(rounds);
     for (int round = 0; round < rounds; ++round)
         times.push_back(bench::timeOf([&] {
             catalogue.use([&] {
@@ -118,8 +120,10 @@ Seconds firstPicture(Catalogue& catalogue) {
 Seconds scrolled(Catalogue& catalogue) {
     auto* list = find<QListView>("lstList");
     auto* bar = list->verticalScrollBar();
+    constexpr int steps = 100;
     std::vector<Seconds> times;
-    for (int step = 0; step < 100; ++step)
+    times.reserve(steps);
+    for (int step = 0; step < steps; ++step)
         times.push_back(bench::timeOf([&] {
             bar->setValue(bar->value() + bar->pageStep() / 4);
             catalogue.show();

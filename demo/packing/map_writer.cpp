@@ -186,6 +186,7 @@ PixelRows drawUnit(unsigned seed) {
 
 std::string pcxFile(int width, int height, const PixelRows& pixels) {
     const int rowLength = width + width % 2;
+    const std::ptrdiff_t shown = width;
     std::string bytes = "\x0A\x05\x01\x08";
     for (const int each : {0, 0, width - 1, height - 1, 72, 72})
         addShort(bytes, each);
@@ -195,7 +196,7 @@ std::string pcxFile(int width, int height, const PixelRows& pixels) {
     addShort(bytes, 1);
     bytes.resize(128);
     for (int y = 0; y < height; ++y) {
-        auto row = PixelRows(pixels.begin() + y * width, pixels.begin() + (y + 1) * width);
+        auto row = PixelRows(pixels.begin() + y * shown, pixels.begin() + (y + 1) * shown);
         row.resize(static_cast<std::size_t>(rowLength));
         for (auto at = row.begin(); at != row.end();) {
             const auto same = std::find_if(at, row.end(), [&](auto pixel) { return pixel != *at; });

@@ -131,9 +131,9 @@ ExitCode set(Workspace& work) {
         assignments.push_back(assignmentOf(text));
     std::optional<std::string> wrapper;
     std::erase_if(assignments, [&](const auto& each) {
-        auto given = wrapperOf(each);
+        const auto given = wrapperOf(each);
         if (given)
-            wrapper = std::move(given);
+            wrapper = given;
         return given.has_value();
     });
     if (assignments.empty()) {

@@ -98,18 +98,18 @@ std::string Sets::reasonAgainst(std::string_view name) {
 }
 
 std::string Sets::load(std::string_view name, Set& set) const {
-    const auto reason = reasonToHaveNone(name);
+    auto reason = reasonToHaveNone(name);
     return reason.empty() ? readSetFile(game_, fileOf(name), set) : reason;
 }
 
 std::string Sets::save(std::string_view name, const Set& set) const {
     if (!has(name))
-        if (const auto reason = reasonAgainst(name); !reason.empty())
+        if (auto reason = reasonAgainst(name); !reason.empty())
             return reason;
     const auto text = textOf(set);
     // What could not be read again is not to take the place of what can.
     Set again;
-    if (const auto reason = readSet(text, again); !reason.empty())
+    if (auto reason = readSet(text, again); !reason.empty())
         return reason;
     try {
         if (game_.disk().kindOf(folder()) == platform::EntryKind::none)
@@ -138,7 +138,7 @@ std::string Sets::rename(std::string_view name, std::string_view newName) const 
 }
 
 std::string Sets::remove(std::string_view name) const {
-    if (const auto reason = reasonToHaveNone(name); !reason.empty())
+    if (auto reason = reasonToHaveNone(name); !reason.empty())
         return reason;
     try {
         game_.disk().removeFile(fileOf(name));

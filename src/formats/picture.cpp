@@ -54,7 +54,7 @@ PcxHeader readHeader(Bytes bytes) {
         refuse("it is too large: " + std::to_string(header.width) + " x " +
                std::to_string(header.height));
     // Rows may be filled up to an even length.
-    if (header.rowLength < header.width || header.rowLength > 2 * Picture::longestSide)
+    if (header.rowLength < header.width || header.rowLength > std::size_t{2} * Picture::longestSide)
         refuse("its rows are too short or too long");
     return header;
 }

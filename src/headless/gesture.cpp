@@ -148,10 +148,12 @@ windows::Action actionOf(const Gesture& gesture) {
         return windows::drop(*gesture.window, {gesture.text});
     case Kind::escape:
         return windows::escape(*gesture.window);
-    case Kind::pick:
-        if (auto* tree = dynamic_cast<windows::TreeList*>(gesture.control))
+    case Kind::pick: {
+        auto& control = *gesture.control;
+        if (auto* tree = dynamic_cast<windows::TreeList*>(&control))
             return windows::choose(*tree, gesture.text, tree->revision());
-        return windows::choose(static_cast<windows::ComboBox&>(*gesture.control), gesture.text);
+        return windows::choose(dynamic_cast<windows::ComboBox&>(control), gesture.text);
+    }
     case Kind::type: {
         auto& box = static_cast<windows::TextBox&>(*gesture.control);
         auto action = windows::leave(box);

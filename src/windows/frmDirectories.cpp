@@ -74,6 +74,7 @@ void frmDirectories::fill() {
     if (!chosen_ && !all.empty())
         chosen_ = all.front();
     std::vector<MarkList::Item> items;
+    items.reserve(all.size());
     for (const auto& directory : all)
         items.push_back({directory, directory == chosen_});
     lstDirectories.setItems(std::move(items));

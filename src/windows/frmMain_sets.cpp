@@ -87,6 +87,7 @@ void frmMain::switchToSet(const std::string& name) {
     if (missing.empty())
         return;
     std::vector<std::string> names;
+    names.reserve(missing.size());
     for (const auto& release : missing)
         names.push_back(release.text());
     tell("These releases of the set \"" + name + "\" are not there and were left out:\r\n\r\n" +

@@ -51,6 +51,7 @@ void frmSets::fill() {
     set_ = {};
     failure_ = chosen_ ? main_.sets().load(*chosen_, set_) : "";
     std::vector<MarkList::Item> items;
+    items.reserve(names.size());
     for (const auto& name : names)
         items.push_back({name, name == chosen_});
     lstSets.setItems(std::move(items));

@@ -27,8 +27,8 @@ class Words {
   private:
     void take(char c) {
         if (std::exchange(isEscaped_, false))
-            add(c);
-        else if (c == '\\' && quote_ != '\'')
+            return add(c);
+        if (c == '\\' && quote_ != '\'')
             isEscaped_ = true;
         else if (quote_ != '\0' && c == quote_)
             quote_ = '\0';

@@ -19,6 +19,7 @@ struct Owner {
     releases::ReleaseType type = releases::ReleaseType::none;
     std::string name;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): there is no pointer in it
     auto operator<=>(const Owner&) const = default;
     bool isGame() const;
     /// As in `Map "Great Divide"`.
